@@ -1,0 +1,53 @@
+#pragma once
+#include "platform/chart.h"
+#include "platform/controls.h"
+#include "platform/draw_surface.h"
+#include "platform/event.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct Control {
+  std::string Text;
+  std::string Hint;  // tooltip; for a disabled control: why
+  bool Visible = false, Enabled = true, Checked = false;
+  int Height = 0;
+  std::uint32_t Colour = 0;
+};
+
+enum class Answer : std::uint8_t { Ok, Cancel, Yes, No };
+enum class Buttons : std::uint8_t { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Icon : std::uint8_t { None, Stop, Exclamation, Question };
+struct Box {
+  std::string Text, Title;
+  Buttons Offer = Buttons::Ok;
+  Icon Mark = Icon::None;
+};
+enum class Form : std::uint8_t { Dimensions, IntroPage, About };
+enum class FileUse : std::uint8_t { Open, SaveAs };
+
+// All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a screen
+// copies what differs after each event. Answers come back through the virtual calls; events through OnEvent.
+class Screen {
+public:
+  std::array<Control, CtlCount> Show;
+  DrawSurface Panel;
+  Chart MyChart1, MyChart2;
+  int PixelWidth = 1440;                       // of the whole screen
+  std::function<void(const Event &)> OnEvent;  // set once by start-up; modal loops feed it again
+
+  Screen();  // each control's first text, visible and enabled
+  virtual ~Screen() = default;
+  virtual Answer Ask(const Box &) = 0;
+  virtual std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) = 0;
+  virtual void RunModal(Form) = 0;        // returns when the form's row in Show is hidden
+  virtual void Wait(double seconds) = 0;  // splash, pick flash: pumps events in Qt, returns at once in tests
+  virtual bool Progress(double part) { (void)part; return true; }  // long work: 0..1; false asks it to stop
+
+  Control &operator[](Ctl c) { return Show[static_cast<std::size_t>(c)]; }
+  const Control &operator[](Ctl c) const { return Show[static_cast<std::size_t>(c)]; }
+};

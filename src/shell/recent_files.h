@@ -1,0 +1,16 @@
+#pragma once
+#include "base/settings_store.h"
+
+#include <string>
+#include <vector>
+
+// At most four entries, newest first; kept under "MRUFiles": key 2i the caption, key 2i+1 the full path.
+struct RecentFile {
+  std::string Caption, Path;
+};
+struct RecentFiles {
+  std::vector<RecentFile> Entry;
+};
+RecentFiles LoadRecentFiles(const SettingsStore &);
+void SaveRecentFiles(SettingsStore &, const RecentFiles &);
+void TouchRecentFile(RecentFiles &, const std::string &caption, const std::string &path);  // to the top; compared upper-cased
