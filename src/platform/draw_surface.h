@@ -1,6 +1,7 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,8 @@ struct DrawSurface {
   double Left = -1, Top = 1, Width = 2, Height = -2;  // Height is negative: Y goes upward
   double PixelWidth = 800, PixelHeight = 800;
   double GrainRadius = 0;
+  std::optional<std::uint32_t> Ground;  // the design's own BackColor; none: the theme's
+  double ContourFrom = 0, ContourTo = 0;  // mm: the burn distances the Contour items' colours stand for; equal: no legend
   std::vector<OutlinePiece> Core;  // the closed core outline, empty when it is not closed
   std::vector<DrawItem> Item;
 };

@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 
-// One thing the user did. X, Y in drawing units (mm). Shift: 1 Shift, 2 Ctrl, 4 Alt. Button: 1 left, 2 right, 4 middle.
+// One thing the user did. X, Y in drawing units (mm); in a chart the share 0..1 of its axes, from the lower left corner.
+// Shift: 1 Shift, 2 Ctrl, 4 Alt. Button: 1 left, 2 right, 4 middle.
 // Key codes: Enter 13, Tab 9, Escape 27, Delete 46, F1..F12 112..123, letters and digits their capital's code.
 struct Event {
   enum class Kind : std::uint8_t {
@@ -17,6 +18,7 @@ struct Event {
     MouseUp,
     Wheel,  // at X, Y, by Notches
     Close,  // the window of Target was asked to close
+    Resize,  // Target has X by Y pixels now
     Drop,   // the file Text was dropped on the window or named by another program
   } What = Kind::Press;
   Ctl Target = Ctl::Count;

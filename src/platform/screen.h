@@ -17,6 +17,13 @@ struct Control {
   bool Visible = false, Enabled = true, Checked = false;
   int Height = 0;
   std::uint32_t Colour = 0;
+  bool operator==(const Control &) const = default;
+};
+
+// Where the main window stands, in pixels; Width 0: not known, the screen chooses.
+struct WindowPlace {
+  int Left = 0, Top = 0, Width = 0, Height = 0;
+  bool Minimised = false;
 };
 
 enum class Answer : std::uint8_t { Ok, Cancel, Yes, No };
@@ -38,6 +45,8 @@ public:
   DrawSurface Panel;
   Chart MyChart1, MyChart2;
   int PixelWidth = 1440;                       // of the whole screen
+  WindowPlace MainPlace;                       // start-up writes it before frmMain is shown; the screen keeps it true
+  Ctl Focus = Ctl::Count;  // the core asks the focus to go there, its text selected; the screen takes it up and resets it
   std::function<void(const Event &)> OnEvent;  // set once by start-up; modal loops feed it again
 
   Screen();  // each control's first text, visible and enabled
