@@ -5,25 +5,26 @@
 #include <optional>
 #include <string>
 
-// One thing the user did. X, Y in drawing units (mm); in a chart the share 0..1 of its axes, from the lower left corner.
-// Shift: 1 Shift, 2 Ctrl, 4 Alt. Button: 1 left, 2 right, 4 middle.
-// Key codes: Enter 13, Tab 9, Escape 27, Delete 46, F1..F12 112..123, letters and digits their capital's code.
+// One thing the user did. X, Y in drawing units (mm); in a chart the share 0..1 of its axes, from the lower
+// left corner. Shift: 1 Shift, 2 Ctrl, 4 Alt. Button: 1 left, 2 right, 4 middle. Key codes: Enter 13, Tab 9,
+// Escape 27, Delete 46, F1..F12 112..123, letters and digits their capital's code.
 struct Event {
   enum class Kind : std::uint8_t {
-    Press,      // a button, menu entry, check box or option was pressed; a check box is toggled by the core
-    Text,       // the field Target now holds Text
-    Key,        // KeyCode with Shift in Target
-    MouseDown,  // in Target (DrawPanel, MyChart1, ...)
+    Press,     // a button, menu entry, check box or option was pressed; a check box is toggled by the core
+    Text,      // the field Target now holds Text
+    Key,       // KeyCode with Shift in Target
+    MouseDown, // in Target (DrawPanel, MyChart1, ...)
     MouseMove,
     MouseUp,
     Wheel,  // at X, Y, by Notches
     Close,  // the window of Target was asked to close
-    Resize,  // Target has X by Y pixels now
+    Resize, // Target has X by Y pixels now
     Drop,   // the file Text was dropped on the window or named by another program
+    Resize, // the drawing area of Target now measures X by Y pixels
   } What = Kind::Press;
   Ctl Target = Ctl::Count;
   double X = 0, Y = 0;
   int Button = 0, Shift = 0, KeyCode = 0;
   std::string Text;
-  double Notches = 0;  // Wheel: positive away from the user
+  double Notches = 0; // Wheel: positive away from the user
 };

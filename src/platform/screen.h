@@ -13,7 +13,7 @@
 
 struct Control {
   std::string Text;
-  std::string Hint;  // tooltip; for a disabled control: why
+  std::string Hint; // tooltip; for a disabled control: why
   bool Visible = false, Enabled = true, Checked = false;
   int Height = 0;
   std::uint32_t Colour = 0;
@@ -34,28 +34,43 @@ struct Box {
   Buttons Offer = Buttons::Ok;
   Icon Mark = Icon::None;
 };
-enum class Form : std::uint8_t { Dimensions, IntroPage, About };
+enum class Form : std::uint8_t { Dimensions, IntroPage };
 enum class FileUse : std::uint8_t { Open, SaveAs };
 
-// All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a screen
-// copies what differs after each event. Answers come back through the virtual calls; events through OnEvent.
+// Where the main window stands, in screen pixels; Width 0: the screen's own choice.
+struct WindowPlace {
+  int Left = 0, Top = 0, Width = 0, Height = 0;
+  bool Minimised = false;
+};
+
+// All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a
+// screen copies what differs after each event. Answers come back through the virtual calls; events through
+// OnEvent.
 class Screen {
 public:
   std::array<Control, CtlCount> Show;
   DrawSurface Panel;
   Chart MyChart1, MyChart2;
-  int PixelWidth = 1440;                       // of the whole screen
-  WindowPlace MainPlace;                       // start-up writes it before frmMain is shown; the screen keeps it true
-  Ctl Focus = Ctl::Count;  // the core asks the focus to go there, its text selected; the screen takes it up and resets it
-  std::function<void(const Event &)> OnEvent;  // set once by start-up; modal loops feed it again
+  int PixelWidth = 1440;     // of the whole screen
+  WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
+  Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up
+                             // and resets it
+  WindowPlace MainPlace;     // set by start-up, then kept current by the screen
+  bool SystemIsDark = false; // the user's desktop has a dark theme; set before start-up
+  Ctl Focus =
+      Ctl::Count; // a wish: the screen moves the keyboard there, selects the text and sets Count again
+  std::function<void(const Event &)> OnEvent; // set once by start-up; modal loops feed it again
 
-  Screen();  // each control's first text, visible and enabled
+  Screen(); // each control's first text, visible and enabled
   virtual ~Screen() = default;
   virtual Answer Ask(const Box &) = 0;
   virtual std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) = 0;
-  virtual void RunModal(Form) = 0;        // returns when the form's row in Show is hidden
-  virtual void Wait(double seconds) = 0;  // splash, pick flash: pumps events in Qt, returns at once in tests
-  virtual bool Progress(double part) { (void)part; return true; }  // long work: 0..1; false asks it to stop
+  virtual void RunModal(Form) = 0;       // returns when the form's row in Show is hidden
+  virtual void Wait(double seconds) = 0; // splash, pick flash: pumps events in Qt, returns at once in tests
+  virtual bool Progress(double part) {
+    (void)part;
+    return true;
+  } // long work: 0..1; false asks it to stop
 
   Control &operator[](Ctl c) { return Show[static_cast<std::size_t>(c)]; }
   const Control &operator[](Ctl c) const { return Show[static_cast<std::size_t>(c)]; }

@@ -1,0 +1,45 @@
+#pragma once
+#include "base/settings_store.h"
+#include "burnback/run_sim.h"
+#include "platform/screen.h"
+#include "shell/command_line.h"
+#include "shell/grain_document.h"
+#include "shell/recent_files.h"
+#include "shell/work_folder.h"
+
+#include <string>
+
+// The working copy of the Dimensions dialog; lengths in mm.
+struct DimensionsCopy {
+  double Diameter = 20, Radius = 10, Length = 40, Throat = 3;
+  int EndsExposed = 3;
+  double DiameterBefore = 0; // when the dialog became active
+  bool Accepted = false;
+};
+
+// A design found after a crash.
+struct Recovery {
+  bool Open = false; // it is the design now open
+  std::string
+      CopyPath; // the newest "Recovered ..." copy in AppDir, this start's or an earlier one's; empty: none
+};
+
+// All of a running program. One screen, one open design.
+struct Workbench {
+  Screen &Out;
+  Design Grain;
+  SettingsStore Settings;
+  RecentFiles Recent;
+  WorkFolders Folders;
+  WorkClaim Claim;
+  CommandLine Command;
+  DimensionsCopy Dialog;
+  Recovery Recovered;
+  SimulationView Sim;
+  std::string Caption;               // what stands behind "Morvandel - " in the title
+  double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm
+  bool Panning = false;
+  double PanX = 0, PanY = 0; // the point of the drawing held by a pan, mm
+  bool Ended = false;        // the main window has closed: the process ends
+  explicit Workbench(Screen &screen) : Out(screen) {}
+};
