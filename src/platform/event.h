@@ -20,7 +20,6 @@ struct Event {
     Close,  // the window of Target was asked to close
     Resize, // Target has X by Y pixels now
     Drop,   // the file Text was dropped on the window or named by another program
-    Resize, // the drawing area of Target now measures X by Y pixels
   } What = Kind::Press;
   Ctl Target = Ctl::Count;
   double X = 0, Y = 0;

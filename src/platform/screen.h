@@ -34,14 +34,8 @@ struct Box {
   Buttons Offer = Buttons::Ok;
   Icon Mark = Icon::None;
 };
-enum class Form : std::uint8_t { Dimensions, IntroPage };
+enum class Form : std::uint8_t { Dimensions, IntroPage, About };
 enum class FileUse : std::uint8_t { Open, SaveAs };
-
-// Where the main window stands, in screen pixels; Width 0: the screen's own choice.
-struct WindowPlace {
-  int Left = 0, Top = 0, Width = 0, Height = 0;
-  bool Minimised = false;
-};
 
 // All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a
 // screen copies what differs after each event. Answers come back through the virtual calls; events through
@@ -55,10 +49,7 @@ public:
   WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
   Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up
                              // and resets it
-  WindowPlace MainPlace;     // set by start-up, then kept current by the screen
   bool SystemIsDark = false; // the user's desktop has a dark theme; set before start-up
-  Ctl Focus =
-      Ctl::Count; // a wish: the screen moves the keyboard there, selects the text and sets Count again
   std::function<void(const Event &)> OnEvent; // set once by start-up; modal loops feed it again
 
   Screen(); // each control's first text, visible and enabled
