@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <numeric>
 
 namespace {
 
@@ -29,42 +31,67 @@ std::vector<Entity> CountedRows(const EntityTable &table, bool selectedOnly) {
   return row;
 }
 
-// Two ends for each row (a circle has none and leaves its two unused); ends that meet get the same
-// coordinates, so that no scan line can pass between them.
-std::vector<End> WeldedEnds(const std::vector<Entity> &row, double tolerance) {
-  std::vector<End> end(2 * row.size());
+struct Meeting {
+  double Gap = 0;
+  std::size_t A = 0, B = 0; // ends
+};
+
+// The pairs of ends within the tolerance, nearest first.
+std::vector<Meeting> FindMeetings(const std::vector<Entity> &row, const std::vector<End> &end,
+                                  double tolerance) {
   std::vector<std::size_t> order;
-  for (std::size_t i = 0; i < row.size(); ++i) {
-    Entity e = row[i];
-    if (e.EntType == CircleType) continue;
-    if (e.EntType == ArcType) SetArcEnds(e);
-    end[2 * i] = {{e.X1, e.Y1}, i};
-    end[2 * i + 1] = {{e.X2, e.Y2}, i};
-    order.push_back(2 * i);
-    order.push_back(2 * i + 1);
-  }
+  for (std::size_t i = 0; i < end.size(); ++i)
+    if (row[end[i].Owner].EntType != CircleType) order.push_back(i);
   std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return end[a].X < end[b].X; });
-  struct Meeting {
-    double Gap;
-    std::size_t A, B;
-  };
   std::vector<Meeting> meeting;
   for (std::size_t a = 0; a < order.size(); ++a)
     for (std::size_t b = a + 1; b < order.size() && end[order[b]].X - end[order[a]].X <= tolerance; ++b) {
       const End &p = end[order[a]], &q = end[order[b]];
-      const bool itself =
+      const bool bothOfOne =
           p.Owner == q.Owner && (row[p.Owner].EntType == LineType || ArcSweep(row[p.Owner]) < Pi);
       const double gap = std::hypot(p.X - q.X, p.Y - q.Y);
-      if (!itself && gap <= tolerance) meeting.push_back({gap, order[a], order[b]});
+      if (!bothOfOne && gap <= tolerance) meeting.push_back({gap, order[a], order[b]});
     }
   std::stable_sort(meeting.begin(), meeting.end(),
                    [](const Meeting &a, const Meeting &b) { return a.Gap < b.Gap; });
+  return meeting;
+}
+
+// Two ends for each row (a circle leaves its two unused); ends that meet get the same coordinates, so that no
+// scan line can pass between them. Among edges shorter than the tolerance the nearest pairs may leave two
+// ends over that only a chain of others connects: in a closed outline each such cluster has an even number,
+// and they meet too.
+std::vector<End> WeldedEnds(const std::vector<Entity> &row, double tolerance) {
+  std::vector<End> end(2 * row.size());
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    Entity e = row[i];
+    if (e.EntType == ArcType) SetArcEnds(e);
+    end[2 * i] = {{e.X1, e.Y1}, i};
+    end[2 * i + 1] = {{e.X2, e.Y2}, i};
+  }
+  constexpr std::size_t none = SIZE_MAX;
+  std::vector<std::size_t> cluster(end.size()), waiting(end.size(), none);
+  std::iota(cluster.begin(), cluster.end(), std::size_t{0});
+  const auto clusterOf = [&](std::size_t i) {
+    while (cluster[i] != i) i = cluster[i] = cluster[cluster[i]];
+    return i;
+  };
   std::vector<bool> taken(end.size());
-  for (const Meeting &m : meeting) {
+  const auto join = [&](End &a, End &b) {
+    a.X = b.X = (a.X + b.X) / 2;
+    a.Y = b.Y = (a.Y + b.Y) / 2;
+  };
+  for (const Meeting &m : FindMeetings(row, end, tolerance)) {
+    cluster[clusterOf(m.A)] = clusterOf(m.B);
     if (taken[m.A] || taken[m.B]) continue;
     taken[m.A] = taken[m.B] = true;
-    end[m.A].X = end[m.B].X = (end[m.A].X + end[m.B].X) / 2;
-    end[m.A].Y = end[m.B].Y = (end[m.A].Y + end[m.B].Y) / 2;
+    join(end[m.A], end[m.B]);
+  }
+  for (std::size_t i = 0; i < end.size(); ++i) {
+    if (taken[i]) continue;
+    std::size_t &other = waiting[clusterOf(i)];
+    if (other != none) join(end[i], end[other]);
+    other = other == none ? i : none;
   }
   return end;
 }
