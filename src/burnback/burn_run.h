@@ -7,18 +7,13 @@
 #include <string>
 #include <vector>
 
-// A row of the burning chain: one live stretch of one offset entity. The entity fields keep the geometry of the
-// start (turned by ProfileRotation), save an arc's Radius and angles, which move.
-struct BurnEntity : Entity {
-  double BurnX1 = 0, BurnY1 = 0, BurnX2 = 0, BurnY2 = 0;  // current ends: a line's in walking order, an arc's Start and End
-  std::int16_t Side = 0;                    // arcs: sign of the radius change; lines: direction of the offset
-  std::int16_t NextLink = -1, PrevLink = -1;  // the row that last cut the walk's second and first end
-  bool BurntOut = false;
-  double CaseX1 = 0, CaseY1 = 0, CaseX2 = 0, CaseY2 = 0;  // where the walk's first and second end stop on the grain circle
-};
-
 struct ResultRow {
   float BurnDist = 0, CoreArea = 0, ConduitArea = 0, EndsArea = 0, Kn = 0;
+};
+
+// The same figures as they were worked out, before they are narrowed.
+struct RowFigures {
+  double BurnDist = 0, CoreArea = 0, EndsArea = 0, Kn = 0;  // mm, mm2, mm2; Kn 0 without a throat
 };
 
 // One drawn piece of an outline, in design coordinates.
@@ -60,10 +55,12 @@ struct BurnRun {
   int RowsReached = 0;            // rows of Result: fewer than StepCount when the grain's length is gone first
   std::vector<double> StepDist, StepPerimeter, StepSection;  // mm, mm, mm2 of propellant left; StepCount values each
   std::vector<ResultRow> Result;  // RowsReached rows
+  std::vector<RowFigures> Figures;  // RowsReached rows
   SimStepTable Steps;
   float TouchDist = -1;           // first step's distance at the wall, -1 when never
   double LastLiveDist = 0;
   float SliverVolume = 0, InitialVolume = 0;  // mm3
+  std::string Notice;             // something odd that did not stop the run, in the system's words; else empty
   double Section = 0;             // sum of perimeter x step, mm2
   double SectionAtStart = 0;      // propellant section before the burn, exact, mm2
   double MaxBurnArea = 0, MaxKn = 0, ApAt = 0, VolumeLoading = 0, SliverFraction = 0, Neutrality = 0, SectionCheck = 0;
