@@ -7,5 +7,5 @@ struct Fault {
   std::string Text;
 };
 
-double Quotient(double a, double b);  // a/b; Fault 11 "Division by zero" when b is 0
-double Root(double x);                // square root; Fault 5 "Invalid procedure call" when x is below 0
+double Quotient(double a, double b); // a/b; Fault 11 "Division by zero" when b is 0
+double Root(double x);               // square root; Fault 5 "Invalid procedure call" when x is below 0

@@ -23,5 +23,5 @@ std::string PlainText(float);
 std::string FormatMask(double, std::string_view mask);
 std::string FormatMask(float, std::string_view mask);
 
-double RoundPlaces(double, int places);  // half to even, judged on the decimal text
-int ColourOf(float stored);              // RGB integer of a stored colour, clamped to 0..16777215 (red in the low byte)
+double RoundPlaces(double, int places); // half to even, judged on the decimal text
+int ColourOf(float stored); // RGB integer of a stored colour, clamped to 0..16777215 (red in the low byte)
