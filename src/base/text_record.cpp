@@ -71,6 +71,7 @@ Cut CutField(std::string_view rest) {
 }
 
 bool Refuse(RecordReader &r, const char *expected, const std::string &found) {
+  r.Found = found;
   r.Trouble = std::string("expected ") + expected + ", found " + found;
   return false;
 }

@@ -17,11 +17,12 @@ void EndRecord(RecordWriter &);
 
 // Walks fields across commas and line ends alike (LF, CR LF and a last line without an end are read alike).
 // Take returns false at a field that is empty, malformed, not finite or past the end; Trouble then says what
-// was expected and found. Line and Field (from 1) are those of the field last taken or refused.
+// was expected and found, Found the latter alone. Line and Field (from 1) are those of the field last taken
+// or refused.
 struct RecordReader {
   std::string_view Rest;
   int Line = 1, Field = 0;
-  std::string Trouble{};
+  std::string Trouble{}, Found{};
   bool AtLineStart = true; // the next field opens a record
 };
 bool Take(RecordReader &, double &);

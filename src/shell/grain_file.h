@@ -4,15 +4,20 @@
 #include <string>
 #include <string_view>
 
-enum class GrainForm { File, Work };  // with "Version1_1" (.mvd), or without (TempFile, CurrentWorkFile)
+enum class GrainForm { File, Work }; // with "Version1_1" (.mvd), or without (TempFile, CurrentWorkFile)
 
-std::string GrainText(const Design &, GrainForm);  // the bytes of the file
+// The bytes of the file; Fault 6 at a value that is not finite.
+std::string GrainText(const Design &, GrainForm);
 
-// Reads either form and the older one (entity lines only: the document values of `design` stay). On success the
-// table, document values and tolerances of `design` are replaced; on failure it is untouched and the text names
-// file, line, field and what was expected. `name` stands for the file in that text.
+// Reads either form and the older one (entity lines only: the document values of `design` stay), told apart
+// by the first record. On success the table and document values of `design` are replaced, GrainDiam and
+// LinerThickness following GrainRadius; on failure it is untouched and the text names file, line, field and
+// what was expected. `name` stands for the file in that text. Lines keep Slope and Intercept as they stand in
+// the file.
 std::string ParseGrain(std::string_view bytes, const std::string &name, Design &design);
 
-std::string ReadGrainFile(const std::string &path, Design &);                // the trouble, or empty
-std::string WriteGrainFile(const std::string &path, const Design &);         // atomic
-std::string WriteWorkFile(const std::string &path, const Design &);          // atomic; nothing when MacroMode is 2
+// Each returns the trouble, or an empty text. Writing is atomic and names a value that is not finite.
+std::string ReadGrainFile(const std::string &path, Design &);
+std::string WriteGrainFile(const std::string &path, const Design &);
+std::string WriteWorkFile(const std::string &path, const Design &); // nothing when MacroMode is 2
+std::string RecoverWorkFile(const std::string &path, Design &);     // an absent or blank file is no trouble

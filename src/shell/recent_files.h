@@ -13,4 +13,5 @@ struct RecentFiles {
 };
 RecentFiles LoadRecentFiles(const SettingsStore &);
 void SaveRecentFiles(SettingsStore &, const RecentFiles &);
-void TouchRecentFile(RecentFiles &, const std::string &caption, const std::string &path);  // to the top; compared upper-cased
+// To the top; paths are compared upper-cased.
+void TouchRecentFile(RecentFiles &, const std::string &caption, const std::string &path);
