@@ -1,0 +1,37 @@
+#pragma once
+#include "desktop/draw_panel.h"
+#include "platform/screen.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <vector>
+
+class QAbstractButton;
+
+// Which widget or menu entry shows which control, and what it last showed.
+struct Binding {
+  Ctl Control = Ctl::Count;
+  QObject *Shown = nullptr;
+  struct Control Last;
+  bool Stale = true;
+};
+
+// Every bound object bears its control's name and sends its events through Send.
+struct Bindings {
+  std::vector<Binding> List;
+  Sender Send;
+};
+QWidget *Find(const Bindings &, Ctl);  // null: none, or a menu entry
+
+template <class Widget> Widget *Bind(Bindings &bindings, Ctl control, Widget *widget) {
+  widget->setObjectName(QString::fromUtf8(RowOf(control).Name.data(), static_cast<int>(RowOf(control).Name.size())));
+  bindings.List.push_back({control, widget, {}, true});
+  return widget;
+}
+QAction *BindAction(Bindings &, Ctl, QAction *, char mnemonic);  // sends Press
+QAbstractButton *BindButton(Bindings &, Ctl, QAbstractButton *);  // sends Press
+QLineEdit *BindField(Bindings &, Ctl, QLineEdit *);               // sends Text, Enter and Escape
+
+void Mirror(Bindings &, const Screen &);  // copies what differs
+void Touch(Bindings &, Ctl);              // the widget changed by itself: copy it at the next Mirror

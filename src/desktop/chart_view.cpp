@@ -1,0 +1,121 @@
+#include "desktop/chart_view.h"
+
+#include "desktop/event_codes.h"
+
+namespace {
+QColor LineOver(const QColor &fill, const Theme &theme) { return theme.Dark ? fill.lighter(120) : fill.darker(150); }
+}  // namespace
+
+ChartView::ChartView(Ctl self, Sender send) : Self(self), Send(std::move(send)) {
+  setMouseTracking(true);
+  setMinimumSize(220, 120);
+  setNoAntialiasingOnDrag(false);
+  plotLayout()->setMargins(QMargins(4, 2, 10, 2));
+  axisRect()->setMinimumMargins(QMargins(0, 8, 0, 0));
+  legend->setBorderPen(Qt::NoPen);
+  legend->setIconSize(12, 10);
+  legend->setIconBorderPen(Qt::NoPen);
+  axisRect()->insetLayout()->setInsetAlignment(0, Qt::AlignTop | Qt::AlignRight);
+}
+
+void ChartView::Copy(const Chart &chart, const Theme &theme) {
+  Chart resting = chart;
+  resting.CursorStep = Shown.CursorStep;
+  resting.CursorText = Shown.CursorText;
+  const bool recolour = Colours != &theme, replot = recolour || resting != Shown;
+  const bool cursor = chart.CursorStep != Shown.CursorStep || chart.CursorText != Shown.CursorText;
+  Colours = &theme;
+  Shown = chart;
+  if (recolour) Dress();
+  if (replot) Plot();
+  if (cursor) update();
+}
+
+void ChartView::Dress() {
+  const Theme &t = *Colours;
+  setBackground(t.Field);
+  legend->setBrush(QBrush(QColor(t.Field.red(), t.Field.green(), t.Field.blue(), 200)));
+  legend->setTextColor(t.Text);
+  legend->setFont(TypeFont(Type::Small));
+  for (QCPAxis *axis : {xAxis, yAxis}) {
+    axis->setBasePen(QPen(t.Hairline, 1));
+    axis->setTickPen(QPen(t.Hairline, 1));
+    axis->setSubTickPen(Qt::NoPen);
+    axis->setTickLength(0, 4);
+    axis->setTickLabelColor(t.Text);
+    axis->setTickLabelFont(TypeFont(Type::Small));
+    axis->setLabelColor(t.Quiet);
+    axis->setLabelFont(TypeFont(Type::Small));
+    axis->setLabelPadding(3);
+    axis->setNumberFormat("g");
+    axis->grid()->setPen(QPen(t.Hairline, 1));
+    axis->grid()->setZeroLinePen(Qt::NoPen);
+  }
+}
+
+void ChartView::Plot() {
+  clearPlottables();
+  const auto count = static_cast<qsizetype>(Shown.X.size());
+  QVector<double> x(Shown.X.begin(), Shown.X.end()), y(count, 0.0);
+  QCPGraph *below = nullptr;
+  double top = 0;
+  for (const ChartSeries &series : Shown.Series) {
+    for (qsizetype i = 0; i < count && i < static_cast<qsizetype>(series.Value.size()); ++i) {
+      const double value = series.Value[static_cast<std::size_t>(i)];
+      y[i] = Shown.Stacked ? y[i] + value : value;
+      top = std::max(top, y[i]);
+    }
+    const QColor fill = FromRed(series.Fill);
+    QCPGraph *graph = addGraph();
+    graph->setName(QString::fromStdString(series.Name));
+    graph->setData(x, y, true);
+    graph->setAntialiasedFill(false);
+    graph->setPen(QPen(LineOver(fill, *Colours), 1.75));
+    graph->setBrush(fill);
+    if (below && Shown.Stacked) graph->setChannelFillGraph(below);
+    below = graph;
+  }
+  xAxis->setLabel(QString::fromStdString(Shown.XTitle));
+  yAxis->setLabel(QString::fromStdString(Shown.YTitle));
+  xAxis->setRange(0, count ? std::max(1e-9, x.last()) : 1);
+  yAxis->setRange(0, top > 0 ? top * 1.12 : 1);
+  legend->setVisible(Shown.Series.size() > 1);
+  replot(rpQueuedReplot);
+}
+
+void ChartView::paintEvent(QPaintEvent *event) {
+  QCustomPlot::paintEvent(event);
+  if (!Colours || Shown.CursorStep < 1 || Shown.CursorStep > static_cast<int>(Shown.X.size())) return;
+  const QRect area = axisRect()->rect();
+  const double x = xAxis->coordToPixel(Shown.X[static_cast<std::size_t>(Shown.CursorStep - 1)]);
+  QPainter painter(this);
+  painter.setPen(QPen(Colours->Text, 1));
+  painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
+  const QString text = QString::fromStdString(Shown.CursorText);
+  if (text.isEmpty()) return;
+  painter.setFont(TypeFont(Type::Head));
+  const QSizeF size = painter.fontMetrics().size(0, text) + QSize(14, 6);
+  const bool left = x + 6 + size.width() > area.right();
+  const QRectF tag(QPointF(left ? x - 6 - size.width() : x + 6, area.top() + 4), size);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Colours->Hairline, 1));
+  painter.setBrush(Colours->Field);
+  painter.drawRoundedRect(tag.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+  painter.setPen(Colours->Text);
+  painter.drawText(tag, Qt::AlignCenter, text);
+}
+
+void ChartView::SendMouse(Event::Kind what, const QMouseEvent &mouse) {
+  const QRect area = axisRect()->rect();
+  Event e;
+  e.What = what;
+  e.Target = Self;
+  e.X = std::clamp((mouse.position().x() - area.left()) / std::max(1, area.width()), 0.0, 1.0);
+  e.Y = std::clamp((area.bottom() - mouse.position().y()) / std::max(1, area.height()), 0.0, 1.0);
+  e.Button = ButtonCode(what == Event::Kind::MouseMove ? mouse.buttons() : Qt::MouseButtons(mouse.button()));
+  e.Shift = ShiftCode(mouse.modifiers());
+  Send(e);
+}
+
+void ChartView::mouseMoveEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseMove, *e); }
+void ChartView::mousePressEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseDown, *e); }

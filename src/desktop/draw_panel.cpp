@@ -1,0 +1,103 @@
+#include "desktop/draw_panel.h"
+
+#include "desktop/event_codes.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <algorithm>
+
+DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMinimumSize(320, 200);
+  setCursor(Qt::CrossCursor);
+}
+
+void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
+  const auto same = static_cast<std::size_t>(
+      std::mismatch(Shown.Item.begin(), Shown.Item.end(), surface.Item.begin(), surface.Item.end()).first -
+      Shown.Item.begin());
+  const bool sameGround = Colours == &theme && Shown.Left == surface.Left && Shown.Top == surface.Top &&
+                          Shown.Width == surface.Width && Shown.Height == surface.Height &&
+                          Shown.GrainRadius == surface.GrainRadius && Shown.Ground == surface.Ground &&
+                          Shown.Core == surface.Core;
+  if (sameGround && same == Shown.Item.size() && same == surface.Item.size() &&
+      Shown.ContourTo == surface.ContourTo && Shown.ContourFrom == surface.ContourFrom)
+    return;
+  if (!sameGround || same < StillCount) Still = {};
+  Colours = &theme;
+  Shown = surface;
+  if (Still.isNull()) StillCount = sameGround ? same : Shown.Item.size();
+  update();
+}
+
+void DrawPanel::paintEvent(QPaintEvent *) {
+  const QSizeF pixels = size();
+  const SurfaceView view = FitView(Shown, pixels);
+  const std::span<const DrawItem> items = Shown.Item;
+  if (Still.isNull()) {
+    Still = QPixmap(size() * devicePixelRatioF());
+    Still.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&Still);
+    painter.setFont(TypeFont(Type::Small));
+    PaintGround(painter, Shown, view, pixels, *Colours);
+    PaintItems(painter, items.first(StillCount), view, *Colours);
+  }
+  QPainter painter(this);
+  painter.setFont(TypeFont(Type::Small));
+  painter.drawPixmap(0, 0, Still);
+  PaintItems(painter, items.subspan(StillCount), view, *Colours);
+  PaintContourScale(painter, Shown, pixels, *Colours);
+}
+
+void DrawPanel::resizeEvent(QResizeEvent *) {
+  Still = {};
+  Event e;
+  e.What = Event::Kind::Resize;
+  e.Target = Ctl::DrawPanel;
+  e.X = width();
+  e.Y = height();
+  Send(e);
+}
+
+Event DrawPanel::At(Event::Kind what, QPointF pixel, Qt::KeyboardModifiers modifiers) const {
+  const QPointF p = FitView(Shown, size()).ToUnits(pixel);
+  Event e;
+  e.What = what;
+  e.Target = Ctl::DrawPanel;
+  e.X = p.x();
+  e.Y = p.y();
+  e.Shift = ShiftCode(modifiers);
+  return e;
+}
+
+void DrawPanel::SendMouse(Event::Kind what, const QMouseEvent &mouse, int button) {
+  Event e = At(what, mouse.position(), mouse.modifiers());
+  e.Button = button;
+  Send(e);
+}
+
+void DrawPanel::mousePressEvent(QMouseEvent *e) {
+  setFocus();
+  SendMouse(Event::Kind::MouseDown, *e, ButtonCode(e->button()));
+}
+void DrawPanel::mouseDoubleClickEvent(QMouseEvent *e) { mousePressEvent(e); }
+void DrawPanel::mouseMoveEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseMove, *e, ButtonCode(e->buttons())); }
+void DrawPanel::mouseReleaseEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseUp, *e, ButtonCode(e->button())); }
+
+void DrawPanel::wheelEvent(QWheelEvent *wheel) {
+  Event e = At(Event::Kind::Wheel, wheel->position(), wheel->modifiers());
+  e.Notches = wheel->angleDelta().y() / 120.0;
+  if (e.Notches != 0) Send(e);
+}
+
+void DrawPanel::keyPressEvent(QKeyEvent *key) {
+  Event e;
+  e.What = Event::Kind::Key;
+  e.Target = Ctl::DrawPanel;
+  e.KeyCode = KeyCode(*key);
+  e.Shift = ShiftCode(key->modifiers());
+  if (e.KeyCode != 0) Send(e);
+}

@@ -1,0 +1,38 @@
+#pragma once
+#include "desktop/surface_painter.h"
+#include "platform/event.h"
+
+#include <QPixmap>
+#include <QWidget>
+#include <functional>
+
+using Sender = std::function<void(const Event &)>;
+
+// Shows a DrawSurface. What stays between two copies is kept as a picture, so that a pointer move paints the rest only.
+class DrawPanel final : public QWidget {
+public:
+  explicit DrawPanel(Sender);
+  void Copy(const DrawSurface &, const Theme &);
+  QSize sizeHint() const override { return {800, 600}; }
+
+protected:
+  void paintEvent(QPaintEvent *) override;
+  void resizeEvent(QResizeEvent *) override;
+  void mousePressEvent(QMouseEvent *) override;
+  void mouseDoubleClickEvent(QMouseEvent *) override;
+  void mouseMoveEvent(QMouseEvent *) override;
+  void mouseReleaseEvent(QMouseEvent *) override;
+  void wheelEvent(QWheelEvent *) override;
+  void keyPressEvent(QKeyEvent *) override;
+  bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the drawing
+
+private:
+  Event At(Event::Kind, QPointF, Qt::KeyboardModifiers) const;
+  void SendMouse(Event::Kind, const QMouseEvent &, int button);
+
+  Sender Send;
+  DrawSurface Shown;
+  const Theme *Colours = &LightTheme();
+  QPixmap Still;
+  std::size_t StillCount = 0;  // of Shown.Item, in Still
+};

@@ -1,0 +1,44 @@
+#include "desktop/figure_label.h"
+
+#include "desktop/theme.h"
+
+#include <QPainter>
+
+namespace {
+struct Parts {
+  QString Caption, Figure, Unit;
+};
+Parts Split(const QString &caption, const QString &unit, const QString &text) {
+  const auto colon = caption.isEmpty() ? text.indexOf(": ") : -1;
+  Parts parts{caption.isEmpty() ? text.left(colon) : caption, colon < 0 ? text : text.mid(colon + 2), unit};
+  if (parts.Figure == "N/A") parts.Unit.clear();
+  return parts;
+}
+}  // namespace
+
+FigureLabel::FigureLabel(QString caption, QString unit) : Caption(std::move(caption)), Unit(std::move(unit)) {
+  setTextFormat(Qt::PlainText);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+QSize FigureLabel::sizeHint() const {
+  const QFontMetrics head(TypeFont(Type::Small)), figure(TypeFont(Type::Figure));
+  const Parts p = Split(Caption, Unit, text());
+  const int wide = figure.horizontalAdvance(p.Figure) + 6 + head.horizontalAdvance(p.Unit);
+  return {std::max(head.horizontalAdvance(p.Caption), wide) + 2, head.height() + figure.height() + 4};
+}
+
+void FigureLabel::paintEvent(QPaintEvent *) {
+  const Parts p = Split(Caption, Unit, text());
+  const QFont small = TypeFont(Type::Small), large = TypeFont(Type::Figure);
+  const QFontMetrics head(small), figure(large);
+  QPainter painter(this);
+  painter.setFont(small);
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.drawText(0, head.ascent(), p.Caption);
+  const int base = head.height() + 2 + figure.ascent();
+  painter.drawText(figure.horizontalAdvance(p.Figure) + 6, base, p.Unit);
+  painter.setFont(large);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(0, base, p.Figure);
+}

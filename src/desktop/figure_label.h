@@ -1,0 +1,17 @@
+#pragma once
+#include <QLabel>
+
+// A number to be read at a glance: a small grey caption, the figure below it, its unit behind it. Without a caption
+// of its own it takes what stands before the colon of its text.
+class FigureLabel final : public QLabel {
+public:
+  FigureLabel(QString caption, QString unit);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+  void paintEvent(QPaintEvent *) override;
+
+private:
+  QString Caption, Unit;
+};

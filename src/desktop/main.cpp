@@ -1,0 +1,35 @@
+#include "desktop/qt_screen.h"
+#include "desktop/icons.h"
+#include "shell/command_line.h"
+#include "shell/dispatch.h"
+#include "shell/kn_batch.h"
+#include "shell/start_up.h"
+#include "shell/work_folder.h"
+
+#include <QLocale>
+#include <QStyleFactory>
+#include <cstdio>
+
+int main(int argc, char **argv) {
+  const CommandLine line = ReadCommandLine({argv + 1, argv + argc});
+  const WorkFolders folders = FindFolders(ExecutablePath());
+  if (IsBatch(line)) {
+    std::string words;
+    const int code = RunKnBatch(line, folders, words);
+    if (!words.empty()) std::fprintf(stderr, "%s\n", words.c_str());
+    return code;
+  }
+  int one = 1;  // the arguments are the core's; the toolkit takes none of them
+  QApplication app(one, argv);
+  QLocale::setDefault(QLocale::c());
+  QApplication::setApplicationName("Morvandel");
+  QApplication::setDesktopFileName("morvandel");
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setFont(TypeFont(Type::Base));
+  QApplication::setWindowIcon(SvgIcon("morvandel"));
+  QtScreen screen(app);
+  Workbench bench(screen);
+  if (!StartUp(bench, folders, line)) return 0;
+  screen.Mirror();
+  return bench.Ended ? 0 : app.exec();
+}

@@ -1,0 +1,190 @@
+#include "desktop/panes.h"
+
+#include "desktop/chart_view.h"
+#include "desktop/figure_label.h"
+#include "desktop/icons.h"
+#include "desktop/menus.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace {
+QFrame *Frame(const char *name) {
+  auto *frame = new QFrame;
+  frame->setObjectName(name);
+  return frame;
+}
+
+QLabel *Head(const QString &text) {
+  auto *head = Quiet(new QLabel(text));
+  head->setFont(TypeFont(Type::Head));
+  return head;
+}
+
+QFrame *Hairline() {
+  auto *line = new QFrame;
+  line->setFixedHeight(1);
+  line->setProperty("hairline", true);
+  return line;
+}
+
+QPushButton *Button(Bindings &bindings, Ctl control) {
+  auto *button = new QPushButton;
+  BindButton(bindings, control, button);
+  return button;
+}
+}  // namespace
+
+QLabel *Quiet(QLabel *label) {
+  label->setProperty("quiet", true);
+  label->setFont(TypeFont(Type::Small));
+  return label;
+}
+
+QWidget *BuildToolsPane(Bindings &bindings) {
+  auto *pane = Frame("ToolsPane");
+  auto *outer = new QVBoxLayout(pane);
+  outer->setContentsMargins(8, 12, 8, 12);
+  auto *group = Bind(bindings, Ctl::Tools_Frame, new QWidget);
+  auto *grid = new QGridLayout(group);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(2);
+  auto *head = Head("View");
+  head->setContentsMargins(4, 0, 0, 4);
+  grid->addWidget(head, 0, 0, 1, 2);
+  grid->addWidget(ToolButton(bindings, Ctl::Zoom_Reset, "zoom_grain"), 1, 0);
+  grid->addWidget(ToolButton(bindings, Ctl::Zoom_Window, "zoom_window"), 1, 1);
+  grid->addWidget(ToolButton(bindings, Ctl::Zoom_x2, "zoom_in"), 2, 0);
+  grid->addWidget(ToolButton(bindings, Ctl::Zoom_1h, "zoom_out"), 2, 1);
+  outer->addWidget(group);
+  outer->addStretch();
+  bindings.List.push_back({Ctl::Tools_Frame, pane, {}, true});
+  return pane;
+}
+
+QWidget *BuildReportPane(Bindings &bindings) {
+  static constexpr struct {
+    Ctl Control;
+    const char *Caption, *Unit;
+  } Figures[] = {{Ctl::Burn_Area, "Max Burn Area", "mm\u00b2"}, {Ctl::Kn_Ratio, "Max Kn Ratio", ""},
+                 {Ctl::Ap_At_Ratio, "Ap/At Ratio", ""},         {Ctl::Volume_Loadings, "Volume Loading", ""},
+                 {Ctl::Sliver_Fraction, "Sliver Fraction", ""}, {Ctl::Neutrallity, "Neutrality", ""}};
+  auto *pane = Frame("ReportPane");
+  auto *column = new QVBoxLayout(pane);
+  column->setContentsMargins(16, 14, 16, 16);
+  column->setSpacing(14);
+  column->addWidget(Head("Report"));
+  for (const auto &row : Figures) {
+    auto *figure = Bind(bindings, row.Control, new FigureLabel(row.Caption, QString::fromUtf8(row.Unit)));
+    figure->setAccessibleName(row.Caption);
+    column->addWidget(figure);
+  }
+  column->addStretch();
+  column->addWidget(Button(bindings, Ctl::Performance_Sim));
+  pane->setMinimumWidth(212);
+  bindings.List.push_back({Ctl::Report_Frame, pane, {}, true});
+  pane->setObjectName("Report_Frame");
+  return pane;
+}
+
+QWidget *BuildSidePane(Bindings &bindings) {
+  auto *pane = Frame("SidePane");
+  auto *outer = new QVBoxLayout(pane);
+  outer->setContentsMargins(16, 14, 16, 16);
+  auto *group = Bind(bindings, Ctl::Motor_Dimensions, new QWidget);
+  auto *column = new QVBoxLayout(group);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(12);
+  column->addWidget(Head("Grain"));
+  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
+    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
+  column->addWidget(Hairline());
+  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
+  auto *edit = new QPushButton;
+  edit->setObjectName("Grain_Edit");
+  edit->setIcon(SvgIcon("dimensions"));
+  bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
+  QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] {
+    Event e;
+    e.Target = Ctl::mnuDims;
+    bindings.Send(e);
+  });
+  column->addWidget(edit);
+  outer->addWidget(group);
+  outer->addStretch();
+  pane->setMinimumWidth(220);
+  bindings.List.push_back({Ctl::Motor_Dimensions, pane, {}, true});
+  return pane;
+}
+
+QWidget *BuildPromptStrip(Bindings &bindings) {
+  auto *strip = Frame("PromptStrip");
+  auto *row = new QHBoxLayout(strip);
+  row->setContentsMargins(16, 0, 16, 0);
+  auto *prompt = Bind(bindings, Ctl::UserPrompt, new QLabel);
+  prompt->setFont(TypeFont(Type::Prompt));
+  row->addWidget(prompt, 1);
+  strip->setFixedHeight(QFontMetrics(TypeFont(Type::Prompt)).height() + 20);
+  return strip;
+}
+
+QWidget *BuildStatusStrip(Bindings &bindings) {
+  auto *strip = Frame("StatusStrip");
+  auto *row = new QHBoxLayout(strip);
+  row->setContentsMargins(16, 0, 16, 0);
+  auto *status = Bind(bindings, Ctl::sbStatusBar, new QLabel);
+  status->setFont(TypeFont(Type::Small));
+  row->addWidget(status, 1);
+  strip->setFixedHeight(QFontMetrics(TypeFont(Type::Small)).height() + 12);
+  return strip;
+}
+
+QWidget *BuildRecoveryBar(Bindings &bindings) {
+  auto *bar = Bind(bindings, Ctl::RecoveryBar, new QFrame);
+  auto *row = new QHBoxLayout(bar);
+  row->setContentsMargins(16, 8, 16, 8);
+  row->setSpacing(8);
+  auto *text = new QLabel;
+  text->setWordWrap(true);
+  bindings.List.push_back({Ctl::RecoveryBar, text, {}, true});
+  row->addWidget(text, 1);
+  row->addWidget(Button(bindings, Ctl::Recovery_SaveAs));
+  row->addWidget(Button(bindings, Ctl::Recovery_Discard));
+  return bar;
+}
+
+QWidget *BuildChartCell(Bindings &bindings, Ctl frame, Ctl chart, ChartView *&view) {
+  auto *cell = Frame("ChartCell");
+  auto *column = new QVBoxLayout(cell);
+  column->setContentsMargins(12, 8, 8, 6);
+  column->setSpacing(2);
+  auto *head = Head({});
+  bindings.List.push_back({frame, head, {}, true});
+  column->addWidget(head);
+  view = Bind(bindings, chart, new ChartView(chart, bindings.Send));
+  column->addWidget(view, 1);
+  bindings.List.push_back({frame, cell, {}, true});
+  cell->setProperty("frame", true);
+  return cell;
+}
+
+QWidget *BuildEmptyCard(Bindings &bindings) {
+  auto *card = Frame("Empty_Card");
+  auto *column = new QVBoxLayout(card);
+  column->setContentsMargins(24, 18, 24, 20);
+  column->setSpacing(14);
+  auto *hint = Bind(bindings, Ctl::Empty_Hint, new QLabel);
+  hint->setAlignment(Qt::AlignCenter);
+  column->addWidget(hint);
+  auto *row = new QHBoxLayout;
+  row->setSpacing(8);
+  for (const Ctl control : {Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
+    row->addWidget(Button(bindings, control));
+  column->addLayout(row);
+  card->setCursor(Qt::ArrowCursor);
+  bindings.List.push_back({Ctl::Empty_Hint, card, {}, true});
+  return card;
+}

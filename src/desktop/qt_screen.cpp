@@ -1,0 +1,186 @@
+#include "desktop/qt_screen.h"
+
+#include "desktop/dialogs.h"
+#include "desktop/icons.h"
+
+#include <QCheckBox>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+
+namespace {
+QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+// "All Files (*.*)|*.*|Name (*.x)|*.x": captions and patterns in turn. "*.*" means every file here, dot or no dot.
+QStringList NameFilters(std::string_view filter) {
+  const QStringList parts = Text(filter).split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters += parts[i] + " (" + (parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]) + ")";
+  return filters;
+}
+
+struct Offer {
+  QMessageBox::StandardButton Button;
+  Answer Means;
+  const char *Name;
+};
+constexpr Offer Offers[] = {{QMessageBox::Ok, Answer::Ok, "OK"},
+                            {QMessageBox::Yes, Answer::Yes, "Yes"},
+                            {QMessageBox::No, Answer::No, "No"},
+                            {QMessageBox::Cancel, Answer::Cancel, "Cancel"}};
+
+QMessageBox::StandardButtons ButtonsOf(Buttons offer) {
+  switch (offer) {
+  case Buttons::Ok: return QMessageBox::Ok;
+  case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+  case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+  case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+const char *IconOf(Icon mark) {
+  switch (mark) {
+  case Icon::None: return nullptr;
+  case Icon::Stop: return "stop";
+  case Icon::Exclamation: return "exclamation";
+  case Icon::Question: return "question";
+  }
+  return nullptr;
+}
+}  // namespace
+
+QtScreen::QtScreen(QApplication &app) : App(app) {
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  const QScreen &screen = *QGuiApplication::primaryScreen();
+  PixelWidth = static_cast<int>(screen.size().width());
+  Show[static_cast<std::size_t>(Ctl::frmMain)].Visible = false;
+  Show[static_cast<std::size_t>(Ctl::frmSplash)].Visible = false;
+  Colours = &LightTheme();
+  ApplyTheme(App, *Colours);
+}
+
+QtScreen::~QtScreen() = default;
+
+void QtScreen::Send(const Event &event) {
+  if (!OnEvent) return;
+  if (Window && Window->isVisible()) MainPlace = Window->Place();
+  OnEvent(event);
+  Mirror();
+}
+
+void QtScreen::Mirror() {
+  const Theme &wanted = (*this)[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme();
+  if (&wanted != Colours) {
+    Colours = &wanted;
+    ApplyTheme(App, wanted);
+  }
+  const bool splash = (*this)[Ctl::frmSplash].Visible;
+  if (splash && !SplashWindow) {
+    SplashWindow = std::make_unique<Splash>(Text((*this)[Ctl::frmSplash].Text));
+    SplashWindow->show();
+  }
+  if (!splash) SplashWindow.reset();
+  for (FormDialog *dialog : Open) ::Mirror(dialog->Controls, *this);
+
+  const bool main = (*this)[Ctl::frmMain].Visible;
+  if (main && !Window) Window = std::make_unique<MainWindow>([this](const Event &e) { Send(e); });
+  if (Window) Window->Copy(*this, *Colours);
+  if (main && !WasShown) {
+    WasShown = true;
+    Window->Restore(MainPlace);
+    Window->show();
+  }
+  if (!main && WasShown) {
+    Window->hide();
+    App.quit();
+  }
+  if (Focus != Ctl::Count) {
+    const Ctl wish = std::exchange(Focus, Ctl::Count);
+    QWidget *widget = Open.empty() ? nullptr : Find(Open.back()->Controls, wish);
+    if (!widget && Window) widget = Find(Window->Controls, wish);
+    if (widget) widget->setFocus();
+    if (auto *field = qobject_cast<QLineEdit *>(widget)) field->selectAll();
+  }
+}
+
+Answer QtScreen::Ask(const Box &box) {
+  Mirror();
+  QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
+  QMessageBox message(parent);
+  message.setObjectName("MessageBox");
+  message.setWindowTitle(Text(box.Title));
+  message.setTextFormat(Qt::PlainText);
+  message.setText(Text(box.Text));
+  message.setStandardButtons(ButtonsOf(box.Offer));
+  if (const char *icon = IconOf(box.Mark)) message.setIconPixmap(SvgIcon(icon).pixmap(QSize(40, 40), message.devicePixelRatioF()));
+  for (const Offer &offer : Offers) {
+    if (QAbstractButton *button = message.button(offer.Button)) {
+      button->setObjectName(offer.Name);
+      button->setIcon({});
+      button->setMinimumWidth(88);
+    }
+  }
+  const int pressed = message.exec();
+  for (const Offer &offer : Offers)
+    if (offer.Button == pressed) return offer.Means;
+  return Answer::Cancel;
+}
+
+std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filter, std::string_view initial) {
+  Mirror();
+  QFileDialog dialog(Window.get(), use == FileUse::Open ? "Open" : "Save As");
+  dialog.setObjectName("FileDialog");
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setAcceptMode(use == FileUse::Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+  dialog.setFileMode(use == FileUse::Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  dialog.setNameFilters(NameFilters(filter));
+  if (use == FileUse::SaveAs) dialog.setDefaultSuffix("mvd");
+  if (!initial.empty()) {
+    const QFileInfo file(Text(initial));
+    dialog.setDirectory(file.absolutePath());
+    dialog.selectFile(file.fileName());
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return dialog.selectedFiles().first().toStdString();
+}
+
+void QtScreen::RunModal(Form form) {
+  const auto send = [this](const Event &e) { Send(e); };
+  QWidget *parent = Window && Window->isVisible() ? Window.get() : nullptr;
+  const std::unique_ptr<FormDialog> dialog([&] {
+    switch (form) {
+    case Form::Dimensions: return MakeDimensions(send, parent);
+    case Form::IntroPage: return MakeIntroPage(send, parent);
+    case Form::About: return MakeAbout(send, parent);
+    }
+    return MakeAbout(send, parent);
+  }());
+  Open.push_back(dialog.get());
+  Mirror();
+  dialog->show();
+  dialog->activateWindow();
+  while ((*this)[dialog->Self].Visible) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  Open.pop_back();
+  dialog->hide();
+  if (Window) Window->activateWindow();
+}
+
+void QtScreen::Wait(double seconds) {
+  Mirror();
+  QEventLoop loop;
+  QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+bool QtScreen::Progress(double part) {
+  if (!Window) return true;
+  if (!Window->Notice().isVisible()) Window->Copy(*this, *Colours);
+  return Window->Notice().Show(part);
+}

@@ -1,0 +1,34 @@
+#pragma once
+#include "desktop/main_window.h"
+#include "desktop/splash.h"
+#include "platform/screen.h"
+
+#include <QApplication>
+#include <memory>
+
+class FormDialog;
+
+// The screen of the desktop: widgets show what the core wrote, and send what the user did.
+class QtScreen final : public Screen {
+public:
+  explicit QtScreen(QApplication &);
+  ~QtScreen() override;
+
+  Answer Ask(const Box &) override;
+  std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) override;
+  void RunModal(Form) override;
+  void Wait(double seconds) override;
+  bool Progress(double part) override;
+
+  void Send(const Event &);
+  void Mirror();  // brings every window to what the core wrote; ends the event loop once frmMain was closed
+  MainWindow &Main() { return *Window; }
+
+private:
+  QApplication &App;
+  std::unique_ptr<MainWindow> Window;
+  std::unique_ptr<Splash> SplashWindow;
+  std::vector<FormDialog *> Open;
+  const Theme *Colours = nullptr;
+  bool WasShown = false;
+};

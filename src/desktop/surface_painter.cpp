@@ -1,0 +1,159 @@
+#include "desktop/surface_painter.h"
+
+#include "outputs/picture.h"
+
+#include <QLinearGradient>
+#include <QPainterPath>
+#include <cmath>
+#include <numbers>
+
+namespace {
+constexpr double Degrees = 180 / std::numbers::pi;
+
+QPen PenOf(const DrawItem &item, const Theme &theme) {
+  const bool thin = item.Role == Ink::Grid || item.Role == Ink::GridFifth || item.Role == Ink::Contour;
+  QPen pen(InkColour(theme, item), thin ? 1.0 : 1.75);
+  pen.setCosmetic(true);
+  pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::RoundCap);
+  pen.setJoinStyle(Qt::RoundJoin);
+  if (item.Style == 1) pen.setDashPattern({6, 4});
+  if (item.Style == 2) pen.setDashPattern({1, 3});
+  return pen;
+}
+
+QRectF Around(QPointF centre, double radius) {
+  return {centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius};
+}
+
+void AddArc(QPainterPath &path, QPointF centre, double radius, double start, double sweep) {
+  path.arcTo(Around(centre, radius), start * Degrees, sweep * Degrees);
+}
+
+bool SameInk(const DrawItem &a, const DrawItem &b) {
+  return a.Role == b.Role && a.Colour == b.Colour && a.Style == b.Style && a.Inverse == b.Inverse;
+}
+
+// Lines, circles and arcs of one ink become one path.
+void AddStroke(QPainterPath &path, const DrawItem &item, const SurfaceView &view) {
+  const auto &at = item.At;
+  const QPointF p = view.ToPixels(at[0], at[1]);
+  switch (item.What) {
+  case DrawItem::Kind::Line:
+    if (path.isEmpty() || path.currentPosition() != p) path.moveTo(p);
+    path.lineTo(view.ToPixels(at[2], at[3]));
+    break;
+  case DrawItem::Kind::Circle: path.addEllipse(Around(p, at[2] * view.Scale)); break;
+  case DrawItem::Kind::Arc: {
+    double sweep = at[4] - at[3];
+    if (sweep <= 0) sweep += 2 * std::numbers::pi;
+    const double radius = at[2] * view.Scale;
+    path.moveTo(p + QPointF(radius * std::cos(at[3]), -radius * std::sin(at[3])));
+    AddArc(path, p, radius, at[3], sweep);
+    break;
+  }
+  case DrawItem::Kind::Mark: {
+    const double half = at[2] * view.Scale;
+    path.moveTo(p + QPointF(-half, -half));
+    path.lineTo(p + QPointF(half, half));
+    path.moveTo(p + QPointF(-half, half));
+    path.lineTo(p + QPointF(half, -half));
+    break;
+  }
+  case DrawItem::Kind::Dot:
+  case DrawItem::Kind::Label: break;
+  }
+}
+
+QPainterPath CorePath(const std::vector<OutlinePiece> &core, const SurfaceView &view) {
+  QPainterPath path;
+  QPointF end;
+  for (const OutlinePiece &piece : core) {
+    const QPointF start = view.ToPixels(piece.X1, piece.Y1);
+    if (path.isEmpty() || std::hypot(start.x() - end.x(), start.y() - end.y()) > 1) path.moveTo(start);
+    end = view.ToPixels(piece.X2, piece.Y2);
+    if (piece.Radius > 0) {
+      const double angle = std::atan2(piece.Y1 - piece.CenterY, piece.X1 - piece.CenterX);
+      AddArc(path, view.ToPixels(piece.CenterX, piece.CenterY), piece.Radius * view.Scale, angle, piece.Sweep);
+    } else {
+      path.lineTo(end);
+    }
+  }
+  path.closeSubpath();
+  return path;
+}
+}  // namespace
+
+SurfaceView FitView(const DrawSurface &surface, QSizeF pixels) {
+  const double width = std::fabs(surface.Width), height = std::fabs(surface.Height);
+  SurfaceView view;
+  if (width > 0 && height > 0) view.Scale = std::min(pixels.width() / width, pixels.height() / height);
+  view.OriginX = pixels.width() / 2 - (surface.Left + surface.Width / 2) * view.Scale;
+  view.OriginY = pixels.height() / 2 + (surface.Top + surface.Height / 2) * view.Scale;
+  return view;
+}
+
+void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceView &view, QSizeF pixels,
+                 const Theme &theme) {
+  painter.fillRect(QRectF({}, pixels), surface.Ground ? FromRed(*surface.Ground) : theme.Ground);
+  if (surface.Ground) return;
+  QPainterPath disc;
+  disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillPath(disc, surface.Core.empty() ? theme.Disc : theme.Propellant);
+  if (!surface.Core.empty()) {
+    painter.setClipPath(disc);
+    painter.fillPath(CorePath(surface.Core, view), theme.Core);
+  }
+  painter.restore();
+}
+
+void PaintItems(QPainter &painter, std::span<const DrawItem> items, const SurfaceView &view, const Theme &theme) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  QPainterPath path;
+  const DrawItem *ink = nullptr;
+  const auto flush = [&] {
+    if (!path.isEmpty()) painter.strokePath(path, PenOf(*ink, theme));
+    path.clear();
+  };
+  for (const DrawItem &item : items) {
+    if (!ink || !SameInk(*ink, item)) {
+      flush();
+      ink = &item;
+    }
+    const QPointF p = view.ToPixels(item.At[0], item.At[1]);
+    if (item.What == DrawItem::Kind::Dot) {
+      painter.fillRect(QRectF(p.x() - 0.75, p.y() - 0.75, 1.5, 1.5), InkColour(theme, item));
+    } else if (item.What == DrawItem::Kind::Label) {
+      painter.setPen(InkColour(theme, item));
+      painter.drawText(p + QPointF(8, -8), QString::fromStdString(item.Text));
+    } else {
+      AddStroke(path, item, view);
+    }
+  }
+  flush();
+}
+
+void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pixels, const Theme &theme) {
+  if (surface.ContourTo <= surface.ContourFrom) return;
+  const QFont font = TypeFont(Type::Small);
+  const QFontMetricsF metrics(font);
+  const double height = std::min(180.0, pixels.height() * 0.45), line = metrics.height();
+  const QRectF bar(20, pixels.height() - 20 - height, 12, height);
+  QLinearGradient ramp(bar.bottomLeft(), bar.topLeft());
+  for (int i = 0; i <= 16; ++i) ramp.setColorAt(i / 16.0, FromRed(Viridis(i / 16.0)));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ramp);
+  painter.drawRoundedRect(bar, 2, 2);
+  painter.setFont(font);
+  painter.setPen(theme.Quiet);
+  painter.drawText(QPointF(bar.left(), bar.top() - line * 0.55), "Burn distance, mm");
+  painter.setPen(theme.Text);
+  for (int i = 0; i <= 4; ++i) {
+    const double part = i / 4.0, y = bar.bottom() - part * height;
+    const double value = surface.ContourFrom + part * (surface.ContourTo - surface.ContourFrom);
+    painter.drawText(QPointF(bar.right() + 7, y + metrics.ascent() / 2 - 2), QString::number(value, 'f', value < 10 ? 2 : 1));
+  }
+}

@@ -1,0 +1,18 @@
+#pragma once
+#include "desktop/theme.h"
+#include "platform/draw_surface.h"
+
+#include <QPainter>
+#include <span>
+
+// Drawing units to pixels: the same scale in both directions, the drawing's window whole and centred.
+struct SurfaceView {
+  double Scale = 1, OriginX = 0, OriginY = 0;
+  QPointF ToPixels(double x, double y) const { return {OriginX + x * Scale, OriginY - y * Scale}; }
+  QPointF ToUnits(QPointF p) const { return {(p.x() - OriginX) / Scale, (OriginY - p.y()) / Scale}; }
+};
+SurfaceView FitView(const DrawSurface &, QSizeF pixels);
+
+void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
+void PaintItems(QPainter &, std::span<const DrawItem>, const SurfaceView &, const Theme &);
+void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels, const Theme &);  // nothing without contours

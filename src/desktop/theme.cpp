@@ -1,0 +1,193 @@
+#include "desktop/theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QToolTip>
+
+namespace {
+Theme MakeLight() {
+  Theme t;
+  t.Window = "#F6F7F9", t.Pane = "#F6F7F9", t.Field = "#FFFFFF", t.Hairline = "#D5DBE1", t.Text = "#1B232B";
+  t.Quiet = "#5A6672", t.Hover = "#E6EBEF", t.Pressed = "#D6DEE4";
+  t.Ground = "#E9EDF1", t.Disc = "#F8FAFB", t.Propellant = "#F2E2C4", t.Core = "#FFFFFF";
+  t.GrainCircle = "#33414E", t.Geometry = "#1B4F8F", t.Picked = "#D9480F", t.Guide = "#0B7285";
+  t.New = "#2B8A3E", t.Gone = "#E03131", t.Grid = "#DDE3E8", t.GridFifth = "#C6CFD7";
+  t.Accent = "#0B7285", t.AccentHover = "#095F6F", t.AccentText = "#FFFFFF";
+  return t;
+}
+
+Theme MakeDark() {
+  Theme t;
+  t.Dark = true;
+  t.Window = "#1E2227", t.Pane = "#1E2227", t.Field = "#15191D", t.Hairline = "#343B43", t.Text = "#E4E9EE";
+  t.Quiet = "#98A4B0", t.Hover = "#2B3138", t.Pressed = "#363E47";
+  t.Ground = "#14181C", t.Disc = "#191E23", t.Propellant = "#3B3325", t.Core = "#0F1215";
+  t.GrainCircle = "#9FB0BF", t.Geometry = "#8CC2FF", t.Picked = "#FFA94D", t.Guide = "#3BC9DB";
+  t.New = "#69DB7C", t.Gone = "#FF6B6B", t.Grid = "#232A31", t.GridFifth = "#2F3841";
+  t.Accent = "#3BC9DB", t.AccentHover = "#66D9E8", t.AccentText = "#08262B";
+  return t;
+}
+
+// Rules in one sheet; @Name stands for the theme's colour of that name.
+constexpr const char *Sheet = R"(
+QMainWindow, QDialog { background: @Window; }
+QToolTip { color: @Text; background: @Field; border: 1px solid @Hairline; padding: 5px 7px; }
+QMenuBar { background: @Window; padding: 2px 6px; border-bottom: 1px solid @Hairline; }
+QMenuBar::item { padding: 5px 10px; border-radius: 4px; background: transparent; }
+QMenuBar::item:selected { background: @Hover; }
+QMenu { background: @Field; border: 1px solid @Hairline; padding: 6px 0; }
+QMenu::item { padding: 6px 30px 6px 12px; margin: 0 5px; border-radius: 4px; }
+QMenu::item:selected { background: @Hover; }
+QMenu::item:disabled { color: @Faint; }
+QMenu::separator { height: 1px; background: @Hairline; margin: 6px 0; }
+QMenu::icon { padding-left: 8px; }
+QMenu::indicator { width: 16px; height: 16px; margin-left: 8px; }
+QMenu::indicator:checked { image: url(:/icons/@Ticks/tick.svg); }
+QToolBar { background: @Window; border: none; border-bottom: 1px solid @Hairline; padding: 5px 8px; spacing: 2px; }
+QToolBar::separator { width: 1px; background: @Hairline; margin: 6px 7px; }
+QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px; background: transparent; }
+QToolButton:hover:enabled { background: @Hover; }
+QToolButton:pressed, QToolButton:checked { background: @Pressed; }
+QToolButton:focus { border-color: @Accent; }
+QToolButton:disabled { color: @Faint; }
+QPushButton { min-height: 18px; padding: 5px 16px; border: 1px solid @Edge; border-radius: 6px; background: @Field; }
+QPushButton:hover:enabled { background: @Hover; }
+QPushButton:pressed { background: @Pressed; }
+QPushButton:focus { border: 1px solid @Accent; outline: none; }
+QPushButton:disabled { color: @Faint; border-color: @Hairline; background: @Window; }
+QPushButton:default, QPushButton#RunSim2 { color: @AccentText; background: @Accent; border: 1px solid @Accent; }
+QPushButton:default:hover:enabled, QPushButton#RunSim2:hover:enabled { background: @AccentHover; border-color: @AccentHover; }
+QPushButton:default:focus, QPushButton#RunSim2:focus { border: 2px solid @Text; padding: 4px 15px; }
+QPushButton#RunSim2:disabled { color: @Faint; background: @Hover; border-color: @Hairline; }
+QPushButton#RunSim2 { font-weight: 600; padding: 6px 20px; }
+QPushButton#RunSim2:focus { padding: 5px 19px; }
+QPushButton#Design_Mode { font-weight: 600; padding: 6px 16px; }
+QLineEdit, QTextBrowser, QListView, QTreeView { background: @Field; border: 1px solid @Edge; border-radius: 6px;
+  selection-background-color: @Accent; selection-color: @AccentText; }
+QLineEdit { padding: 5px 8px; min-height: 18px; }
+QLineEdit:focus { border-color: @Accent; }
+QCheckBox { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; border-radius: 4px; }
+QCheckBox:focus { border-color: @Accent; }
+QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 4px; background: @Field; }
+QCheckBox::indicator:checked { background: @Accent; border-color: @Accent; image: url(:/icons/@Ticks/check.svg); }
+QCheckBox::indicator:disabled { background: @Window; }
+QProgressBar { border: none; border-radius: 3px; background: @Hover; max-height: 6px; min-height: 6px; }
+QProgressBar::chunk { border-radius: 3px; background: @Accent; }
+QSplitter::handle { background: @Hairline; }
+QScrollBar:vertical { width: 11px; background: transparent; margin: 2px; }
+QScrollBar:horizontal { height: 11px; background: transparent; margin: 2px; }
+QScrollBar::handle { background: @Hairline; border-radius: 3px; min-height: 28px; min-width: 28px; }
+QScrollBar::handle:hover { background: @Quiet; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+#SidePane { background: @Pane; border-left: 1px solid @Hairline; }
+#ToolsPane, #ReportPane { background: @Pane; border-right: 1px solid @Hairline; }
+#PromptStrip { background: @Window; border-top: 1px solid @Hairline; }
+#ChartCell { background: @Field; }
+#RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
+#Empty_Card, #SimMsg_Card { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
+#sbStatusBar { color: @Quiet; }
+*[quiet="true"] { color: @Quiet; }
+)";
+
+QColor Mix(const QColor &a, const QColor &b, double part) {
+  const auto blend = [part](int x, int y) { return static_cast<int>(x + (y - x) * part + 0.5); };
+  return {blend(a.red(), b.red()), blend(a.green(), b.green()), blend(a.blue(), b.blue())};
+}
+
+QString FilledSheet(const Theme &t) {
+  const QColor notice = Mix(t.Window, t.Dark ? QColor("#FFA94D") : QColor("#F08C00"), 0.16);
+  const std::pair<const char *, QColor> names[] = {
+      // A name that begins another comes after it.
+      {"@Window", t.Window},         {"@Pane", t.Pane},       {"@Field", t.Field},
+      {"@Hairline", t.Hairline},     {"@Text", t.Text},       {"@Quiet", t.Quiet},
+      {"@Hover", t.Hover},           {"@Pressed", t.Pressed}, {"@AccentHover", t.AccentHover},
+      {"@AccentText", t.AccentText}, {"@Accent", t.Accent},   {"@Faint", Mix(t.Quiet, t.Window, 0.45)},
+      {"@Edge", Mix(t.Hairline, t.Quiet, 0.45)}, {"@Notice", notice}};
+  QString sheet = QString::fromLatin1(Sheet);
+  for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
+  return sheet.replace(QLatin1String("@Ticks"), QLatin1String(t.Dark ? "dark" : "light"));
+}
+}  // namespace
+
+const Theme &LightTheme() {
+  static const Theme theme = MakeLight();
+  return theme;
+}
+
+const Theme &DarkTheme() {
+  static const Theme theme = MakeDark();
+  return theme;
+}
+
+QColor FromRed(std::uint32_t colour) {
+  return {static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255), static_cast<int>(colour >> 16 & 255)};
+}
+
+QColor InkColour(const Theme &t, const DrawItem &item) {
+  switch (item.Role) {
+  case Ink::Own: return item.Inverse ? t.Guide : FromRed(item.Colour);
+  case Ink::Contour: return FromRed(item.Colour);
+  case Ink::Grid: return t.Grid;
+  case Ink::GridFifth: return t.GridFifth;
+  case Ink::GrainCircle: return t.GrainCircle;
+  case Ink::Geometry: return t.Geometry;
+  case Ink::Picked: return t.Picked;
+  case Ink::Propellant: return t.Propellant;
+  case Ink::Core: return t.Core;
+  case Ink::Fault: return t.Gone;
+  case Ink::Note: return t.Text;
+  }
+  return t.Text;
+}
+
+QFont TypeFont(Type type) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  font.setPointSizeF(10);
+  switch (type) {
+  case Type::Base: break;
+  case Type::Small: font.setPointSizeF(9); break;
+  case Type::Head:
+    font.setPointSizeF(9);
+    font.setWeight(QFont::DemiBold);
+    break;
+  case Type::Prompt:
+    font.setPointSizeF(12);
+    font.setWeight(QFont::DemiBold);
+    break;
+  case Type::Figure: font.setPointSizeF(14); break;
+  case Type::Title:
+    font.setPointSizeF(16);
+    font.setWeight(QFont::DemiBold);
+    break;
+  }
+  return font;
+}
+
+void ApplyTheme(QApplication &app, const Theme &t) {
+  QPalette p;
+  p.setColor(QPalette::Window, t.Window);
+  p.setColor(QPalette::WindowText, t.Text);
+  p.setColor(QPalette::Base, t.Field);
+  p.setColor(QPalette::AlternateBase, t.Hover);
+  p.setColor(QPalette::Text, t.Text);
+  p.setColor(QPalette::PlaceholderText, t.Quiet);
+  p.setColor(QPalette::Button, t.Field);
+  p.setColor(QPalette::ButtonText, t.Text);
+  p.setColor(QPalette::ToolTipBase, t.Field);
+  p.setColor(QPalette::ToolTipText, t.Text);
+  p.setColor(QPalette::Highlight, t.Accent);
+  p.setColor(QPalette::HighlightedText, t.AccentText);
+  p.setColor(QPalette::Link, t.Accent);
+  p.setColor(QPalette::Light, t.Hover);
+  p.setColor(QPalette::Mid, t.Hairline);
+  p.setColor(QPalette::Dark, t.Quiet);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    p.setColor(QPalette::Disabled, role, Mix(t.Quiet, t.Window, 0.45));
+  app.setPalette(p);
+  QToolTip::setPalette(p);
+  app.setStyleSheet(FilledSheet(t));
+}
