@@ -178,8 +178,8 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
   };
   if (!(R > 0)) return badUse("The grain diameter must be greater than 0");
   if (!(step > 0) || step > R || 2 * R / step > MostSteps)
-    return badUse("A burn step of " + PlainText(step) + " mm is not possible: it must be above 0, at most the grain radius (" +
-                  PlainText(R) + " mm), and give at most 32767 steps");
+    return badUse("The burn step must be above 0 mm, at most the grain radius (" + PlainText(R) +
+                  " mm), and give at most 32767 steps");
   if (design.Table.EntCount < 0) return Refuse(refusal, "Can't Simulate End Burning Geometries");
   BurnRun fresh;
   if (!CheckOutline(design, fresh, refusal)) return false;

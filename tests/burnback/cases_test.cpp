@@ -103,6 +103,6 @@ TEST_P(Case, BurnsAsTheExactOffset) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, Case, testing::ValuesIn(References()),
-                         [](const testing::TestParamInfo<Reference> &info) { return info.param.Name; });
+                         [](const testing::TestParamInfo<Reference> &one) { return one.param.Name; });
 
 }  // namespace

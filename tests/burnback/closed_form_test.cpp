@@ -29,7 +29,7 @@ TEST(ClosedForm, TubeWithAndWithoutEnds) {
     EXPECT_EQ(run.TouchDist, -1);  // the whole front reaches the wall at once
     EXPECT_FALSE(run.HasSliver);
     EXPECT_NEAR(run.VolumeLoading, 1 - 100.0 / 625, 1e-9);
-    if (E == 0) EXPECT_EQ(run.Figures[100].EndsArea, 0);
+    EXPECT_EQ(run.Figures[100].EndsArea > 0, E > 0);
     EXPECT_LT(run.SectionCheck, 1e-12);
   }
 }
@@ -55,8 +55,7 @@ TEST(ClosedForm, CircleOffCentreCrossesTheWall) {
       // Near its very end the front is a short arc whose angle is ill conditioned.
       EXPECT_NEAR(run.StepPerimeter[i], q * open, 1e-6 * R) << "centre at " << e;
     }
-    if (r + e < R) EXPECT_NEAR(run.TouchDist, R - r - e, 0.021);
-    else EXPECT_NEAR(run.TouchDist, R / 2000, 1e-6);
+    EXPECT_NEAR(run.TouchDist, std::max(R / 2000, R - r - e), 0.021);
     EXPECT_NEAR(run.LastLiveDist, R + e - r, 0.021);
   }
 }
@@ -110,10 +109,9 @@ TEST(ClosedForm, PinchedRibBurnsOnAsAnIsland) {
   const BurnRun run = Burn(d);
   for (int i = 0; i < run.StepCount; ++i) {
     const double b = run.StepDist[i];
-    if (b < 1.5 || b > inner - 0.2) continue;  // the rib of half width 1.05 is gone: a disc inside, a ring outside
-    // Far side exact; near the former rib corner arcs bulge: bounded by the plain circles.
-    EXPECT_LE(run.StepPerimeter[i], TwoPi * (inner - b) + TwoPi * (outer + b) + 1e-9);
-    EXPECT_GE(run.StepPerimeter[i], 0.98 * (TwoPi * (inner - b) + TwoPi * (outer + b)) - 3 * b);
+    if (b < 2 || b > inner - 0.2) continue;  // the rib of half width 1.05 is gone: a disc inside, a ring outside
+    // Two plain circles, but for the dents that the rib's four corners leave.
+    EXPECT_NEAR(run.StepPerimeter[i], TwoPi * (inner - b) + TwoPi * (outer + b), 0.3) << "at " << b;
   }
   EXPECT_LT(run.SectionCheck, 1e-4);
   EXPECT_NEAR(run.StepSection.front() - run.StepSection.back(), run.Section, 2e-3 * run.Section);

@@ -44,7 +44,9 @@ TEST_F(Files, GraphicFileHoldsTheWholeBurn) {
     int steps = 0, cases = 0;
     for (int type; Take(in, type);) {
       if (type == 8) {
-        if (perimeter > 0) EXPECT_NEAR(perimeter, Run.StepPerimeter.at(steps++), 1e-9);
+        if (perimeter > 0) {
+          EXPECT_NEAR(perimeter, Run.StepPerimeter.at(steps++), 1e-9);
+        }
         perimeter = 0;
         continue;
       }
