@@ -3,7 +3,6 @@
 #include "base/fault.h"
 
 #include <cmath>
-#include <limits>
 
 namespace {
 [[noreturn]] void Overflow() { throw Fault{6, "Overflow"}; }
@@ -28,8 +27,8 @@ std::int16_t Narrow16(double x) {
 }
 
 float NarrowFloat(double x) {
-  // The nearest float of anything from here on would be infinite: half a step above the greatest one.
-  constexpr double limit = static_cast<double>(std::numeric_limits<float>::max()) * (1 + 0x1p-25);
+  constexpr double limit =
+      0x1.ffffffp127; // half a step above the greatest float: from here the nearest is infinite
   if (!(std::fabs(x) < limit)) Overflow();
   return static_cast<float>(x);
 }
