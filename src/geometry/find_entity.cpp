@@ -123,7 +123,10 @@ void Find_End_Or_Center(const EntityTable &table, double grainRadius, double sna
 
 void AddGrainCircle(EntityTable &table, double grainRadius) {
   if (table.EntCount >= 0 && IsGrainCircle(RowAt(table, table.EntCount), grainRadius)) return;
-  AppendRow(table, MakeCircle(0, 0, grainRadius));
+  Entity circle = MakeCircle(0, 0, grainRadius);
+  circle.EndAngle = Pi + Pi;
+  circle.X1 = circle.X2 = grainRadius;
+  AppendRow(table, circle);
 }
 
 void RemoveGrainCircle(EntityTable &table, double grainRadius) {

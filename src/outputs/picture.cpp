@@ -133,6 +133,22 @@ std::string NameOf(const Design &design) {
   return name.empty() ? "Unnamed design" : Printable(name);
 }
 
+// One line, or up to three smaller ones broken behind blanks and the marks that stand for them in file names.
+std::vector<std::string> TitleLines(cairo_t *cr, const std::string &name, double width, TextStyle &style) {
+  if (TextWidth(cr, name, style) <= width) return {name};
+  style.Size *= 0.75;
+  std::vector<std::string> line{""};
+  for (std::size_t at = 0; at < name.size();) {
+    const std::size_t end = std::min(name.find_first_of(" _-", at), name.size() - 1) + 1;
+    const std::string word = name.substr(at, end - at);
+    if (!line.back().empty() && line.size() < 3 && TextWidth(cr, line.back() + word, style) > width)
+      line.emplace_back();
+    line.back() += word;
+    at = end;
+  }
+  return line;
+}
+
 // At most four figures that say something, without zeros behind the point.
 std::string Short(double value) {
   std::string text = FormatMask(value, std::abs(value) < 10    ? "0.###"
@@ -216,9 +232,12 @@ std::string WriteBurnPicture(const Design &design, const BurnRun &run, PictureFo
         cairo_paint(cr);
         PaintBurn(cr, design, run, {margin, margin, side, side});
         TextStyle title{.Size = 24, .Bold = true, .Colour = Strong};
-        const std::string name = FitText(cr, NameOf(design), columnWidth, title);
-        double y = margin + 26;
-        DrawText(cr, name, column, y, title);
+        double y = margin - 4;
+        for (const std::string &line : TitleLines(cr, NameOf(design), columnWidth, title)) {
+          TextStyle style = title;
+          const std::string text = FitText(cr, line, columnWidth, style);
+          DrawText(cr, text, column, y += 1.25 * title.Size, style);
+        }
         y += 8;
         for (const std::string &line : Dimensions(design.Doc)) {
           TextStyle style{.Size = 14, .Colour = Quiet};
