@@ -76,18 +76,29 @@ double SeenSweep(const Source &s, double x, double y) {
   return s.Side < 0 ? sum : -sum;
 }
 
+// How near to the joint of two pieces a crossing is only the roughness of the joint: a tangent that is off by a
+// thousandth of a radian, or two ends that overshoot each other by what the joining tolerance lets pass.
+double JointMargin(const std::vector<Source> &outline, int i, int j) {
+  const int n = static_cast<int>(outline.size()), apart = std::min(j - i, n - (j - i));
+  if (apart == 1) {
+    const double a = outline[i].Radius, b = outline[j].Radius;
+    return 1e-3 * (a > 0 && b > 0 ? std::min(a, b) : std::max(a, b));
+  }
+  if (apart > 2) return 0;
+  const Source &between = outline[j - i == 2 ? i + 1 : (j + 1) % n];
+  return between.Bridge ? 2 * between.Length : 0;
+}
+
 }  // namespace
 
-bool CrossesItself(const std::vector<Source> &outline, double R, double joinTolerance, double &x, double &y) {
+bool CrossesItself(const std::vector<Source> &outline, double R, double &x, double &y) {
   const int n = static_cast<int>(outline.size());
   for (int i = 0; i < n; ++i)
     for (int j = i + 1; j < n; ++j) {
       const Source &a = outline[i], &b = outline[j];
       const double apart = std::hypot(a.MidX - b.MidX, a.MidY - b.MidY);
       if (apart > a.Reach + b.Reach) continue;
-      const bool neighbours = j == i + 1 || (i == 0 && j == n - 1);
-      // Joints may overshoot by the tolerance; tiny pieces beside them too.
-      const double margin = std::max(1e-7 * R, neighbours ? 2 * joinTolerance : 1e-7 * R);
+      const double margin = std::max(1e-7 * R, JointMargin(outline, i, j));
       const Points p = Crossings(a, b);
       for (int k = 0; k < p.Count; ++k)
         if (Inner(a, p.X[k], p.Y[k], margin) && Inner(b, p.X[k], p.Y[k], margin)) {

@@ -258,10 +258,11 @@ void WalkEnd(const Source &s, bool far, double &x, double &y) {
   FrontPoint(s, to ? s.Length : 0, 0, x, y);
 }
 
-Piece LinePiece(double x1, double y1, double x2, double y2) {
+Piece BridgePiece(double x1, double y1, double x2, double y2) {
   const Entity e = MakeLine(x1, y1, x2, y2);
   Piece piece{RowOf({e, true}), {}, true};
   piece.Src = SourceOf(piece.Row);
+  piece.Src.Bridge = true;
   return piece;
 }
 
@@ -275,7 +276,7 @@ std::vector<Piece> CloseGaps(const std::vector<ChainLink> &chain, double noise) 
     double x1, y1, x2, y2;
     EndOf(chain[i], true, x1, y1);
     EndOf(chain[(i + 1) % chain.size()], false, x2, y2);
-    if (std::hypot(x2 - x1, y2 - y1) > noise) closed.push_back(LinePiece(x1, y1, x2, y2));
+    if (std::hypot(x2 - x1, y2 - y1) > noise) closed.push_back(BridgePiece(x1, y1, x2, y2));
   }
   return closed;
 }
@@ -308,6 +309,35 @@ bool GetEdgeArcs(std::vector<Piece> &out, const Source &cut, bool leaving) {
   const double normal = std::atan2(ux, -uy);
   out.push_back(CornerPiece(x, y, leaving ? normal - TwoPi / 4 : normal, TwoPi / 4, leaving));
   return true;
+}
+
+void AddPoint(Profile &p, int before, int after) {  // at the end of the one, the beginning of the other; -1 for none
+  Source point;
+  point.What = Source::Kind::Point;
+  WalkEnd(p.Sources[before >= 0 ? before : after], before >= 0, point.X, point.Y);
+  point.Prev = before;
+  point.Next = after;
+  FinishSource(point, 0);
+  p.Sources.push_back(point);
+}
+
+// The vertices at which the propellant reaches into the port, and the cuts at the wall, have no front of their own. While
+// the front is younger than a fin of propellant is thick it can leap over the fin's tip in one step: there the tip itself
+// must swallow it.
+void AddPoints(Profile &p) {
+  const int n = static_cast<int>(p.Sources.size());
+  const auto corner = [&](int i) { return p.Sources[i].What == Source::Kind::Corner; };
+  for (int i = 0; i < n; ++i) {
+    if (corner(i) || p.Sources[i].Length >= TwoPi) continue;
+    const int next = p.Sources[i].Next;
+    if (p.Sources[i].Prev < 0) AddPoint(p, -1, i);
+    if (next < 0) AddPoint(p, i, -1);
+    if (next < 0 || corner(next)) continue;
+    double ux, uy, vx, vy;
+    Tangent(p.Sources[i], true, ux, uy);
+    Tangent(p.Sources[next], false, vx, vy);
+    if (std::atan2(ux * vy - uy * vx, ux * vx + uy * vy) > 1e-6) AddPoint(p, i, next);
+  }
 }
 
 Source Cut(const Source &s, double from, double to) {
@@ -429,7 +459,7 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
   for (Piece &piece : pieces) FinishSource(piece.Src, tol.Slack);
   std::vector<Source> outline;
   for (const Piece &piece : pieces) outline.push_back(piece.Src);
-  if (CrossesItself(outline, grainRadius, joinTolerance, p.ChainTipX, p.ChainTipY)) return refuse();
+  if (CrossesItself(outline, grainRadius, p.ChainTipX, p.ChainTipY)) return refuse();
   if (chain.size() > 1) pieces = GetAngleIO(pieces);
   pieces = ClipToGrain(pieces, grainRadius, tol);
 
@@ -439,7 +469,6 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
     Source &s = pieces[i].Src;
     FinishSource(s, tol.Slack);
     s.FirstRow = i;
-    s.Alive = true;
     row.Source = i;
     row.To = s.Length;
     if (row.EntType != LineType) {
@@ -456,5 +485,6 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
     p.BurnTable.push_back(piece.Row);
     p.Sources.push_back(piece.Src);
   }
+  AddPoints(p);
   p.ProfileOK = true;
 }

@@ -18,8 +18,8 @@ struct BurnEntity : Entity {
   bool CaseFrom = false, CaseTo = false;
 };
 
-// The working copy of a run. Rows 0..EntCount of BurnTable; the first Sources.size() of them are the sources in chain
-// order, later ones are stretches that a pinch or the wall has split off.
+// The working copy of a run. The first rows of BurnTable are those of the sources, in chain order; later ones are
+// stretches that a pinch or the wall has split off. Behind the sources with rows stand the Points.
 struct Profile {
   double GrainRadius = 0;
   std::vector<BurnEntity> BurnTable;

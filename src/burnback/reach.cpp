@@ -4,6 +4,8 @@
 
 namespace {
 
+bool IsDisc(const Source &s) { return s.What == Source::Kind::Corner || s.What == Source::Kind::Point; }
+
 constexpr double HalfTurn = 3.14159265358979323846;
 
 double HalfAngle(double cosine) { return cosine >= 1 ? 0 : cosine <= -1 ? HalfTurn : std::acos(cosine); }
@@ -60,7 +62,7 @@ Ranges LineSwallowed(const Source &of, double from, double to, const Source &by,
   const double D = (outer - height) * (outer + height);
   if (D <= 0) return {};
   Keep(dead, middle - std::sqrt(D), middle + std::sqrt(D));
-  if (by.What == Source::Kind::Corner || dead.Count == 0) return dead;
+  if (IsDisc(by) || dead.Count == 0) return dead;
   if (inner > 0) {
     const double E = (inner - height) * (inner + height);
     if (E > 0) Remove(dead, middle - std::sqrt(E), middle + std::sqrt(E));
@@ -208,7 +210,8 @@ double GapBound(const Source &of, double from, double to, const Source &by, doub
 double DistanceWithin(const Source &by, double x, double y, double slack) {
   const double dx = x - by.X, dy = y - by.Y, none = 1e300;
   switch (by.What) {
-  case Source::Kind::Corner: return std::hypot(dx, dy);
+  case Source::Kind::Corner:
+  case Source::Kind::Point: return std::hypot(dx, dy);
   case Source::Kind::Line: {
     const double along = dx * by.UX + dy * by.UY;
     return along < -slack || along > by.Length + slack ? none : std::abs(by.UX * dy - by.UY * dx);

@@ -28,7 +28,7 @@ std::vector<char> ConvexPairs(const std::vector<Source> &source) {
     return a - s.Side * TwoPi / 4;
   };
   for (int i = 0; i < n; ++i) {
-    if (source[i].Side < 0 && !IsLine(source[i])) continue;
+    if (WalkTurn(source[i]) < 0 || source[i].FirstRow < 0) continue;
     double turned = WalkTurn(source[i]);
     for (int at = i, next = source[i].Next; next >= 0 && next != i; at = next, next = source[at].Next) {
       const double joint = std::remainder(heading(source[at], true) - heading(source[next], false), TwoPi);
@@ -40,10 +40,18 @@ std::vector<char> ConvexPairs(const std::vector<Source> &source) {
   return convex;
 }
 
-// A corner at the end of a source never swallows that source: its nearest foot there is the corner itself.
-bool OwnCorner(const std::vector<Source> &source, int of, int by) {
-  const bool corner = source[by].What == Source::Kind::Corner;
-  return corner && (source[of].Next == by || source[of].Prev == by);
+// A vertex at the end of a source never swallows that source: its nearest foot there is the vertex itself.
+bool OwnVertex(const std::vector<Source> &source, int of, int by) {
+  const Source &s = source[by];
+  if (s.What != Source::Kind::Corner && s.What != Source::Kind::Point) return false;
+  return s.Next == of || s.Prev == of;
+}
+
+// Whether a source still swallows: one more step than it burns, since a front point may stand up to two steps nearer to
+// it than the burn distance when it is first looked at.
+bool Swallows(const std::vector<Source> &source, const Source &s, int step) {
+  if (s.What != Source::Kind::Point) return s.LastLive >= step - 2;
+  return (s.Prev >= 0 && Swallows(source, source[s.Prev], step)) || (s.Next >= 0 && Swallows(source, source[s.Next], step));
 }
 
 double CheapGap(const Source &of, const Source &by, double d) {
@@ -72,6 +80,7 @@ void CutRowBy(Regression &g, int r, const Ranges &dead, int by) {
   Ranges left = OneRange(before.From, before.To);
   for (int i = 0; i < dead.Count; ++i) Remove(left, dead.From[i], dead.To[i]);
   const double scale = IsLine(s) ? 1 : std::max(s.Radius + s.Side * p.BurnDist, 0.0);
+  const bool hasRow = by >= 0 && p.Sources[by].FirstRow >= 0;
   int at = -1;
   for (int i = 0; i < left.Count; ++i) {
     if ((left.To[i] - left.From[i]) * scale < g.Tol.Sliver) continue;
@@ -88,8 +97,8 @@ void CutRowBy(Regression &g, int r, const Ranges &dead, int by) {
     row.To = left.To[i];
     row.CaseFrom = row.From > before.From ? by < 0 : before.CaseFrom;
     row.CaseTo = row.To < before.To ? by < 0 : before.CaseTo;
-    if (by >= 0 && row.From > before.From) LinkEnd(row, false, by);
-    if (by >= 0 && row.To < before.To) LinkEnd(row, true, by);
+    if (hasRow && row.From > before.From) LinkEnd(row, false, by);
+    if (hasRow && row.To < before.To) LinkEnd(row, true, by);
   }
   if (at < 0) RetireRow(p.BurnTable[r]);
 }
@@ -103,7 +112,7 @@ void TrimPairs(Regression &g, int kind) {
     next = g.Watch.Link[pair];
     const int of = pair / n, by = pair % n;
     const Source &a = p.Sources[of], &b = p.Sources[by];
-    if (!a.Alive || !b.Alive) continue;
+    if (a.LastLive < g.Step - 1 || !Swallows(p.Sources, b, g.Step)) continue;
     double gap = CheapGap(a, b, p.BurnDist);
     if (gap < 4 * closing) {
       gap = 1e300;
@@ -157,7 +166,7 @@ void StartRegression(Regression &g, int steps, double step) {
   for (int of = n - 1; of >= 0; --of)
     for (int by = n - 1; by >= 0; --by) {
       const std::int32_t pair = of * n + by;
-      if (of == by || convex[pair] || OwnCorner(p.Sources, of, by)) continue;
+      if (of == by || p.Sources[of].FirstRow < 0 || convex[pair] || OwnVertex(p.Sources, of, by)) continue;
       const Source &a = p.Sources[of], &b = p.Sources[by];
       double gap = CheapGap(a, b, 0);
       if (gap < 8 * step) gap = GapBound(a, 0, a.Length, b, 0);
@@ -221,7 +230,7 @@ void RemoveFreeEnts(Regression &g) {
     double x, y;
     FrontPoint(s, (row.From + row.To) / 2, p.BurnDist, x, y);
     const bool free = std::any_of(p.Sources.begin(), p.Sources.end(), [&](const Source &other) {
-      return &other != &s && other.Alive && DistanceWithin(other, x, y, tiny) < p.BurnDist - tiny;
+      return &other != &s && Swallows(p.Sources, other, g.Step) && DistanceWithin(other, x, y, tiny) < p.BurnDist - tiny;
     });
     if (free) RetireRow(row);
   }
@@ -233,12 +242,11 @@ void UpdateArrays(Regression &g) {
   g.Perimeter = g.WallAngles = 0;
   g.LeftCount = g.RightCount = g.LiveRows = 0;
   double twice = 0;
-  for (Source &s : p.Sources) s.Alive = false;
   for (BurnEntity &row : p.BurnTable) {
     row.CaseX1 = row.CaseY1 = row.CaseX2 = row.CaseY2 = 0;
     if (row.BurntOut) continue;
     Source &s = p.Sources[row.Source];
-    s.Alive = true;
+    s.LastLive = g.Step;
     ++g.LiveRows;
     const double length = FrontLength(s, row.From, row.To, p.BurnDist);
     g.Perimeter += length;
