@@ -11,7 +11,8 @@ namespace {
 // Enter and Escape of a field are the core's to answer; the dialog must not take them for its default button.
 class FieldKeys final : public QObject {
 public:
-  FieldKeys(Ctl control, Sender send, QObject *parent) : QObject(parent), Control(control), Send(std::move(send)) {}
+  FieldKeys(Ctl control, Sender send, QObject *parent)
+      : QObject(parent), Control(control), Send(std::move(send)) {}
 
 protected:
   bool eventFilter(QObject *, QEvent *event) override {
@@ -75,12 +76,12 @@ void CopyTo(QWidget &widget, const Control &from) {
   }
   if (widget.isWindow()) {
     widget.setWindowTitle(text);
-    return;  // shown and hidden by the screen
+    return; // shown and hidden by the screen
   }
   widget.setEnabled(from.Enabled);
   widget.setVisible(from.Visible);
 }
-}  // namespace
+} // namespace
 
 QWidget *Find(const Bindings &bindings, Ctl control) {
   for (const Binding &b : bindings.List)
@@ -96,7 +97,8 @@ QAction *BindAction(Bindings &bindings, Ctl control, QAction *action, char mnemo
 }
 
 QAbstractButton *BindButton(Bindings &bindings, Ctl control, QAbstractButton *button) {
-  QObject::connect(button, &QAbstractButton::clicked, button, [&bindings, control] { Press(bindings, control); });
+  QObject::connect(button, &QAbstractButton::clicked, button,
+                   [&bindings, control] { Press(bindings, control); });
   return Bind(bindings, control, button);
 }
 

@@ -22,16 +22,18 @@ struct Bindings {
   std::vector<Binding> List;
   Sender Send;
 };
-QWidget *Find(const Bindings &, Ctl);  // null: none, or a menu entry
+QWidget *Find(const Bindings &, Ctl); // null: none, or a menu entry
 
-template <class Widget> Widget *Bind(Bindings &bindings, Ctl control, Widget *widget) {
-  widget->setObjectName(QString::fromUtf8(RowOf(control).Name.data(), static_cast<int>(RowOf(control).Name.size())));
+template <class Widget>
+Widget *Bind(Bindings &bindings, Ctl control, Widget *widget) {
+  widget->setObjectName(
+      QString::fromUtf8(RowOf(control).Name.data(), static_cast<int>(RowOf(control).Name.size())));
   bindings.List.push_back({control, widget, {}, true});
   return widget;
 }
 QAction *BindAction(Bindings &, Ctl, QAction *, char mnemonic);  // sends Press
-QAbstractButton *BindButton(Bindings &, Ctl, QAbstractButton *);  // sends Press
-QLineEdit *BindField(Bindings &, Ctl, QLineEdit *);               // sends Text, Enter and Escape
+QAbstractButton *BindButton(Bindings &, Ctl, QAbstractButton *); // sends Press
+QLineEdit *BindField(Bindings &, Ctl, QLineEdit *);              // sends Text, Enter and Escape
 
-void Mirror(Bindings &, const Screen &);  // copies what differs
-void Touch(Bindings &, Ctl);              // the widget changed by itself: copy it at the next Mirror
+void Mirror(Bindings &, const Screen &); // copies what differs
+void Touch(Bindings &, Ctl);             // the widget changed by itself: copy it at the next Mirror

@@ -3,19 +3,17 @@
 #include "desktop/event_codes.h"
 
 namespace {
-QColor LineOver(const QColor &fill, const Theme &theme) { return theme.Dark ? fill.lighter(120) : fill.darker(150); }
-}  // namespace
+QColor LineOver(const QColor &fill, const Theme &theme) {
+  return theme.Dark ? fill.lighter(120) : fill.darker(150);
+}
+} // namespace
 
-ChartView::ChartView(Ctl self, Sender send) : Self(self), Send(std::move(send)) {
+ChartView::ChartView(Ctl self, Sender send, QLabel *key) : Self(self), Send(std::move(send)), Key(key) {
   setMouseTracking(true);
-  setMinimumSize(220, 120);
+  setMinimumSize(200, 96);
   setNoAntialiasingOnDrag(false);
   plotLayout()->setMargins(QMargins(4, 2, 10, 2));
   axisRect()->setMinimumMargins(QMargins(0, 8, 0, 0));
-  legend->setBorderPen(Qt::NoPen);
-  legend->setIconSize(12, 10);
-  legend->setIconBorderPen(Qt::NoPen);
-  axisRect()->insetLayout()->setInsetAlignment(0, Qt::AlignTop | Qt::AlignRight);
 }
 
 void ChartView::Copy(const Chart &chart, const Theme &theme) {
@@ -34,9 +32,6 @@ void ChartView::Copy(const Chart &chart, const Theme &theme) {
 void ChartView::Dress() {
   const Theme &t = *Colours;
   setBackground(t.Field);
-  legend->setBrush(QBrush(QColor(t.Field.red(), t.Field.green(), t.Field.blue(), 200)));
-  legend->setTextColor(t.Text);
-  legend->setFont(TypeFont(Type::Small));
   for (QCPAxis *axis : {xAxis, yAxis}) {
     axis->setBasePen(QPen(t.Hairline, 1));
     axis->setTickPen(QPen(t.Hairline, 1));
@@ -56,30 +51,40 @@ void ChartView::Dress() {
 void ChartView::Plot() {
   clearPlottables();
   const auto count = static_cast<qsizetype>(Shown.X.size());
-  QVector<double> x(Shown.X.begin(), Shown.X.end()), y(count, 0.0);
-  QCPGraph *below = nullptr;
+  const QVector<double> x(Shown.X.begin(), Shown.X.end());
+  QVector<double> y(count, 0.0);
+  std::vector<QVector<double>> curves;
   double top = 0;
+  QString key;
+  QCPGraph *below = nullptr;
   for (const ChartSeries &series : Shown.Series) {
     for (qsizetype i = 0; i < count && i < static_cast<qsizetype>(series.Value.size()); ++i) {
       const double value = series.Value[static_cast<std::size_t>(i)];
       y[i] = Shown.Stacked ? y[i] + value : value;
       top = std::max(top, y[i]);
     }
-    const QColor fill = FromRed(series.Fill);
-    QCPGraph *graph = addGraph();
-    graph->setName(QString::fromStdString(series.Name));
-    graph->setData(x, y, true);
-    graph->setAntialiasedFill(false);
-    graph->setPen(QPen(LineOver(fill, *Colours), 1.75));
-    graph->setBrush(fill);
-    if (below && Shown.Stacked) graph->setChannelFillGraph(below);
-    below = graph;
+    QCPGraph *area = addGraph();
+    area->setData(x, y, true);
+    area->setAntialiasedFill(false);
+    area->setPen(Qt::NoPen);
+    area->setBrush(FromRed(series.Fill));
+    if (below && Shown.Stacked) area->setChannelFillGraph(below);
+    below = area;
+    curves.push_back(y);
+    key += QString("<span style='color:%1'>\u25a0</span>&nbsp;%2&nbsp;&nbsp; ")
+               .arg(FromRed(series.Fill).name(), QString::fromStdString(series.Name).toHtmlEscaped());
   }
+  // Lines over all areas, or the next area would cover half of each.
+  for (std::size_t i = 0; i < curves.size(); ++i) {
+    QCPGraph *line = addGraph();
+    line->setData(x, curves[i], true);
+    line->setPen(QPen(LineOver(FromRed(Shown.Series[i].Fill), *Colours), 1.75));
+  }
+  Key->setText(Shown.Series.size() > 1 ? key : QString());
   xAxis->setLabel(QString::fromStdString(Shown.XTitle));
   yAxis->setLabel(QString::fromStdString(Shown.YTitle));
   xAxis->setRange(0, count ? std::max(1e-9, x.last()) : 1);
   yAxis->setRange(0, top > 0 ? top * 1.12 : 1);
-  legend->setVisible(Shown.Series.size() > 1);
   replot(rpQueuedReplot);
 }
 
@@ -103,6 +108,12 @@ void ChartView::paintEvent(QPaintEvent *event) {
   painter.drawRoundedRect(tag.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
   painter.setPen(Colours->Text);
   painter.drawText(tag, Qt::AlignCenter, text);
+}
+
+void ChartView::resizeEvent(QResizeEvent *event) {
+  constexpr int RoomPerTick = 30; // pixels
+  yAxis->ticker()->setTickCount(std::clamp(height() / RoomPerTick - 1, 2, 6));
+  QCustomPlot::resizeEvent(event);
 }
 
 void ChartView::SendMouse(Event::Kind what, const QMouseEvent &mouse) {

@@ -2,16 +2,18 @@
 #include "desktop/draw_panel.h"
 #include "platform/chart.h"
 
+#include <QLabel>
 #include <qcustomplot.h>
 
 // Shows a Chart. The cursor line is painted over the plot, so that a pointer move never redraws the curves.
 class ChartView final : public QCustomPlot {
 public:
-  ChartView(Ctl, Sender);
+  ChartView(Ctl, Sender, QLabel *key); // key: takes the names and colours of the series
   void Copy(const Chart &, const Theme &);
 
 protected:
   void paintEvent(QPaintEvent *) override;
+  void resizeEvent(QResizeEvent *) override;
   void mouseMoveEvent(QMouseEvent *) override;
   void mousePressEvent(QMouseEvent *) override;
   void mouseReleaseEvent(QMouseEvent *) override {}
@@ -24,6 +26,7 @@ private:
 
   Ctl Self;
   Sender Send;
+  QLabel *Key;
   Chart Shown;
   const Theme *Colours = nullptr;
 };

@@ -46,7 +46,7 @@ QVBoxLayout *Column(FormDialog &dialog) {
   column->setSizeConstraint(QLayout::SetFixedSize);
   return column;
 }
-}  // namespace
+} // namespace
 
 FormDialog::FormDialog(Ctl self, Sender send, QWidget *parent) : QDialog(parent), Self(self) {
   Controls.Send = std::move(send);
@@ -75,11 +75,14 @@ FormDialog *MakeDimensions(Sender send, QWidget *parent) {
   static constexpr struct {
     Ctl Control;
     const char *Label;
-  } Fields[] = {{Ctl::GrainDiam, "Grain &Diameter:"}, {Ctl::GrainLength, "Grain &Length:"},
+  } Fields[] = {{Ctl::GrainDiam, "Grain &Diameter:"},
+                {Ctl::GrainLength, "Grain &Length:"},
                 {Ctl::Nozzle_Throat, "Nozzle &Throat Diam:"}};
   auto *dialog = new FormDialog(Ctl::Dimensions, std::move(send), parent);
   auto *column = Column(*dialog);
-  column->addLayout(Heading("Overall Basic Dimensions", Quiet(new QLabel("The grain the core is drawn in, and the nozzle it feeds.")), *dialog));
+  column->addLayout(Heading("Overall Basic Dimensions",
+                            Quiet(new QLabel("The grain the core is drawn in, and the nozzle it feeds.")),
+                            *dialog));
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(10);
@@ -114,10 +117,14 @@ FormDialog *MakeDimensions(Sender send, QWidget *parent) {
 FormDialog *MakeIntroPage(Sender send, QWidget *parent) {
   static constexpr struct {
     const char *Icon, *Text;
-  } Steps[] = {{"dimensions", "<b>Set the grain.</b> Diameter, length, throat and the ends that burn stand under Motor, Dimensions."},
-               {"open", "<b>Bring a core.</b> Open a grain file, or drop one on the window. The outline must close and lie in the grain."},
-               {"performance", "<b>Press RUN SIM.</b> The outline burns outward, step by step: burn area, Kn, sliver and loading follow."},
-               {"view2d", "<b>Replay the burn.</b> Run the pointer over the area chart: the drawing shows the front at that distance."}};
+  } Steps[] = {{"dimensions", "<b>Set the grain.</b> Diameter, length, throat and the ends that burn stand "
+                              "under Motor, Dimensions."},
+               {"open", "<b>Bring a core.</b> Open a grain file, or drop one on the window. The outline must "
+                        "close and lie in the grain."},
+               {"performance", "<b>Press RUN SIM.</b> The outline burns outward, step by step: burn area, "
+                               "Kn, sliver and loading follow."},
+               {"view2d", "<b>Replay the burn.</b> Run the pointer over the area chart: the drawing shows "
+                          "the front at that distance."}};
   auto *dialog = new FormDialog(Ctl::IntroPage, std::move(send), parent);
   auto *column = Column(*dialog);
   auto *text = Bind(dialog->Controls, Ctl::Intro_Text, new QLabel);

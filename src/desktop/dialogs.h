@@ -3,7 +3,8 @@
 
 #include <QDialog>
 
-// A modal window of the core. Its own Enter, Escape and close are events like any other: the core decides what they do.
+// A modal window of the core. Its own Enter, Escape and close are events like any other: the core decides
+// what they do.
 class FormDialog final : public QDialog {
 public:
   FormDialog(Ctl self, Sender, QWidget *parent);

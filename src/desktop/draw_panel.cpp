@@ -11,7 +11,7 @@ DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setMinimumSize(320, 200);
+  setMinimumSize(320, 140);
   setCursor(Qt::CrossCursor);
 }
 
@@ -84,8 +84,12 @@ void DrawPanel::mousePressEvent(QMouseEvent *e) {
   SendMouse(Event::Kind::MouseDown, *e, ButtonCode(e->button()));
 }
 void DrawPanel::mouseDoubleClickEvent(QMouseEvent *e) { mousePressEvent(e); }
-void DrawPanel::mouseMoveEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseMove, *e, ButtonCode(e->buttons())); }
-void DrawPanel::mouseReleaseEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseUp, *e, ButtonCode(e->button())); }
+void DrawPanel::mouseMoveEvent(QMouseEvent *e) {
+  SendMouse(Event::Kind::MouseMove, *e, ButtonCode(e->buttons()));
+}
+void DrawPanel::mouseReleaseEvent(QMouseEvent *e) {
+  SendMouse(Event::Kind::MouseUp, *e, ButtonCode(e->button()));
+}
 
 void DrawPanel::wheelEvent(QWheelEvent *wheel) {
   Event e = At(Event::Kind::Wheel, wheel->position(), wheel->modifiers());

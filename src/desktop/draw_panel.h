@@ -8,7 +8,8 @@
 
 using Sender = std::function<void(const Event &)>;
 
-// Shows a DrawSurface. What stays between two copies is kept as a picture, so that a pointer move paints the rest only.
+// Shows a DrawSurface. What stays between two copies is kept as a picture, so that a pointer move paints the
+// rest only.
 class DrawPanel final : public QWidget {
 public:
   explicit DrawPanel(Sender);
@@ -24,7 +25,7 @@ protected:
   void mouseReleaseEvent(QMouseEvent *) override;
   void wheelEvent(QWheelEvent *) override;
   void keyPressEvent(QKeyEvent *) override;
-  bool focusNextPrevChild(bool) override { return false; }  // Tab is a key of the drawing
+  bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the drawing
 
 private:
   Event At(Event::Kind, QPointF, Qt::KeyboardModifiers) const;
@@ -34,5 +35,5 @@ private:
   DrawSurface Shown;
   const Theme *Colours = &LightTheme();
   QPixmap Still;
-  std::size_t StillCount = 0;  // of Shown.Item, in Still
+  std::size_t StillCount = 0; // of Shown.Item, in Still
 };

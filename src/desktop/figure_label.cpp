@@ -1,7 +1,5 @@
 #include "desktop/figure_label.h"
 
-#include "desktop/theme.h"
-
 #include <QPainter>
 
 namespace {
@@ -14,15 +12,16 @@ Parts Split(const QString &caption, const QString &unit, const QString &text) {
   if (parts.Figure == "N/A") parts.Unit.clear();
   return parts;
 }
-}  // namespace
+} // namespace
 
-FigureLabel::FigureLabel(QString caption, QString unit) : Caption(std::move(caption)), Unit(std::move(unit)) {
+FigureLabel::FigureLabel(QString caption, QString unit, Type figure)
+    : Caption(std::move(caption)), Unit(std::move(unit)), Size(figure) {
   setTextFormat(Qt::PlainText);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
 QSize FigureLabel::sizeHint() const {
-  const QFontMetrics head(TypeFont(Type::Small)), figure(TypeFont(Type::Figure));
+  const QFontMetrics head(TypeFont(Type::Small)), figure(TypeFont(Size));
   const Parts p = Split(Caption, Unit, text());
   const int wide = figure.horizontalAdvance(p.Figure) + 6 + head.horizontalAdvance(p.Unit);
   return {std::max(head.horizontalAdvance(p.Caption), wide) + 2, head.height() + figure.height() + 4};
@@ -30,7 +29,7 @@ QSize FigureLabel::sizeHint() const {
 
 void FigureLabel::paintEvent(QPaintEvent *) {
   const Parts p = Split(Caption, Unit, text());
-  const QFont small = TypeFont(Type::Small), large = TypeFont(Type::Figure);
+  const QFont small = TypeFont(Type::Small), large = TypeFont(Size);
   const QFontMetrics head(small), figure(large);
   QPainter painter(this);
   painter.setFont(small);

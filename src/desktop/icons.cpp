@@ -54,7 +54,7 @@ QByteArray SourceOf(const QString &name) {
   if (!file.open(QIODevice::ReadOnly)) qFatal("no icon %s", qPrintable(name));
   return file.readAll();
 }
-}  // namespace
+} // namespace
 
 QIcon SvgIcon(const QString &name) { return QIcon(new SvgIconEngine(SourceOf(name))); }
 

@@ -1,5 +1,6 @@
-#include "desktop/qt_screen.h"
 #include "desktop/icons.h"
+#include "desktop/qt_screen.h"
+#include "desktop/window_style.h"
 #include "shell/command_line.h"
 #include "shell/dispatch.h"
 #include "shell/kn_batch.h"
@@ -7,7 +8,7 @@
 #include "shell/work_folder.h"
 
 #include <QLocale>
-#include <QStyleFactory>
+
 #include <cstdio>
 
 int main(int argc, char **argv) {
@@ -19,12 +20,12 @@ int main(int argc, char **argv) {
     if (!words.empty()) std::fprintf(stderr, "%s\n", words.c_str());
     return code;
   }
-  int one = 1;  // the arguments are the core's; the toolkit takes none of them
+  int one = 1; // the arguments are the core's; the toolkit takes none of them
   QApplication app(one, argv);
   QLocale::setDefault(QLocale::c());
   QApplication::setApplicationName("Morvandel");
   QApplication::setDesktopFileName("morvandel");
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(MakeWindowStyle());
   QApplication::setFont(TypeFont(Type::Base));
   QApplication::setWindowIcon(SvgIcon("morvandel"));
   QtScreen screen(app);

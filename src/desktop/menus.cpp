@@ -10,13 +10,13 @@
 #include <span>
 
 namespace {
-enum Look : int { Plain = 0, Checkable = 1, Parted = 2 };  // Parted: a line above
+enum Look : int { Plain = 0, Checkable = 1, Parted = 2 }; // Parted: a line above
 struct MenuRow {
   Ctl Control;
   char Mnemonic;
   const char *Keys, *Icon;
   int Form = Plain;
-  const char *Name = nullptr;  // object name where a button already bears the control's
+  const char *Name = nullptr; // object name where a button already bears the control's
 };
 
 constexpr MenuRow File[] = {{Ctl::mnuFileNew, 'N', "Ctrl+N", "new"},
@@ -32,7 +32,8 @@ constexpr MenuRow File[] = {{Ctl::mnuFileNew, 'N', "Ctrl+N", "new"},
                             {Ctl::mnuMRU3, 0, "", ""},
                             {Ctl::mnuRecovered, 0, "", ""},
                             {Ctl::mnuFileExit, 'X', "Ctrl+Q", "", Parted}};
-constexpr MenuRow Edit[] = {{Ctl::mnuEditUndo, 'U', "Ctrl+Z", "undo"}, {Ctl::mnuEditRedo, 'R', "Ctrl+Y", "redo"}};
+constexpr MenuRow Edit[] = {{Ctl::mnuEditUndo, 'U', "Ctrl+Z", "undo"},
+                            {Ctl::mnuEditRedo, 'R', "Ctrl+Y", "redo"}};
 constexpr MenuRow View[] = {{Ctl::Zoom_Reset, 'Z', "Ctrl+0", "zoom_grain", Plain, "mnuZoom_Reset"},
                             {Ctl::Zoom_x2, 'I', "Ctrl++", "zoom_in", Plain, "mnuZoom_x2"},
                             {Ctl::Zoom_1h, 'O', "Ctrl+-", "zoom_out", Plain, "mnuZoom_1h"},
@@ -73,7 +74,7 @@ constexpr struct {
                {Ctl::tbEscape, "escape", false},
                {Ctl::tbRotationDraw, "rotation", true},
                {Ctl::RunSim2, "", true},
-               {Ctl::Design_Mode, "design_mode", false},
+               {Ctl::Design_Mode, "", false},
                {Ctl::tb2DPlot, "view2d", true},
                {Ctl::tb3DRender, "view3d", false},
                {Ctl::tb3DConfig, "setup3d", false},
@@ -92,7 +93,7 @@ QAction *AddEntry(QMainWindow &window, Bindings &bindings, const MenuRow &row) {
   if (row.Name) action->setObjectName(row.Name);
   return action;
 }
-}  // namespace
+} // namespace
 
 void BuildMenus(QMainWindow &window, Bindings &bindings) {
   for (const auto &[title, rows] : Menus) {
@@ -128,7 +129,6 @@ void BuildToolBar(QMainWindow &window, Bindings &bindings) {
     if (row.Control == Ctl::RunSim2 || row.Control == Ctl::Design_Mode) {
       button = new QPushButton;
       button->setFocusPolicy(Qt::TabFocus);
-      if (*row.Icon) button->setIcon(SvgIcon(row.Icon));
       BindButton(bindings, row.Control, button);
     } else {
       button = ToolButton(bindings, row.Control, row.Icon);

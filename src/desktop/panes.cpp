@@ -2,13 +2,13 @@
 
 #include "desktop/chart_view.h"
 #include "desktop/figure_label.h"
-#include "desktop/icons.h"
 #include "desktop/menus.h"
 
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QToolButton>
 
 namespace {
@@ -31,12 +31,24 @@ QFrame *Hairline() {
   return line;
 }
 
+// A pane that a low window scrolls rather than cuts.
+QScrollArea *Scrolled(QWidget *pane, int width) {
+  auto *area = new QScrollArea;
+  area->setWidgetResizable(true);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFocusPolicy(Qt::NoFocus);
+  pane->setMinimumWidth(width);
+  area->setWidget(pane);
+  area->setFixedWidth(std::max(width, pane->sizeHint().width()) + 2);
+  return area;
+}
+
 QPushButton *Button(Bindings &bindings, Ctl control) {
   auto *button = new QPushButton;
   BindButton(bindings, control, button);
   return button;
 }
-}  // namespace
+} // namespace
 
 QLabel *Quiet(QLabel *label) {
   label->setProperty("quiet", true);
@@ -72,22 +84,20 @@ QWidget *BuildReportPane(Bindings &bindings) {
   } Figures[] = {{Ctl::Burn_Area, "Max Burn Area", "mm\u00b2"}, {Ctl::Kn_Ratio, "Max Kn Ratio", ""},
                  {Ctl::Ap_At_Ratio, "Ap/At Ratio", ""},         {Ctl::Volume_Loadings, "Volume Loading", ""},
                  {Ctl::Sliver_Fraction, "Sliver Fraction", ""}, {Ctl::Neutrallity, "Neutrality", ""}};
-  auto *pane = Frame("ReportPane");
+  auto *pane = new QWidget;
   auto *column = new QVBoxLayout(pane);
   column->setContentsMargins(16, 14, 16, 16);
   column->setSpacing(14);
   column->addWidget(Head("Report"));
   for (const auto &row : Figures) {
-    auto *figure = Bind(bindings, row.Control, new FigureLabel(row.Caption, QString::fromUtf8(row.Unit)));
+    auto *figure =
+        Bind(bindings, row.Control, new FigureLabel(row.Caption, QString::fromUtf8(row.Unit), Type::Large));
     figure->setAccessibleName(row.Caption);
     column->addWidget(figure);
   }
   column->addStretch();
   column->addWidget(Button(bindings, Ctl::Performance_Sim));
-  pane->setMinimumWidth(212);
-  bindings.List.push_back({Ctl::Report_Frame, pane, {}, true});
-  pane->setObjectName("Report_Frame");
-  return pane;
+  return Bind(bindings, Ctl::Report_Frame, Scrolled(pane, 212));
 }
 
 QWidget *BuildSidePane(Bindings &bindings) {
@@ -105,7 +115,6 @@ QWidget *BuildSidePane(Bindings &bindings) {
   column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
   auto *edit = new QPushButton;
   edit->setObjectName("Grain_Edit");
-  edit->setIcon(SvgIcon("dimensions"));
   bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
   QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] {
     Event e;
@@ -163,8 +172,12 @@ QWidget *BuildChartCell(Bindings &bindings, Ctl frame, Ctl chart, ChartView *&vi
   column->setSpacing(2);
   auto *head = Head({});
   bindings.List.push_back({frame, head, {}, true});
-  column->addWidget(head);
-  view = Bind(bindings, chart, new ChartView(chart, bindings.Send));
+  auto *key = Quiet(new QLabel);
+  auto *row = new QHBoxLayout;
+  row->addWidget(head, 1);
+  row->addWidget(key);
+  column->addLayout(row);
+  view = Bind(bindings, chart, new ChartView(chart, bindings.Send, key));
   column->addWidget(view, 1);
   bindings.List.push_back({frame, cell, {}, true});
   cell->setProperty("frame", true);

@@ -11,4 +11,4 @@ QWidget *BuildStatusStrip(Bindings &);
 QWidget *BuildRecoveryBar(Bindings &);
 QWidget *BuildChartCell(Bindings &, Ctl frame, Ctl chart, ChartView *&view);
 QWidget *BuildEmptyCard(Bindings &);
-QLabel *Quiet(QLabel *);  // grey, small
+QLabel *Quiet(QLabel *); // grey, small

@@ -7,15 +7,21 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <QTreeView>
 
 namespace {
-QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString Text(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
-// "All Files (*.*)|*.*|Name (*.x)|*.x": captions and patterns in turn. "*.*" means every file here, dot or no dot.
+// "All Files (*.*)|*.*|Name (*.x)|*.x": captions and patterns in turn. "*.*" means every file here, dot or no
+// dot.
 QStringList NameFilters(std::string_view filter) {
   const QStringList parts = Text(filter).split('|');
   QStringList filters;
@@ -53,14 +59,14 @@ const char *IconOf(Icon mark) {
   }
   return nullptr;
 }
-}  // namespace
+} // namespace
 
 QtScreen::QtScreen(QApplication &app) : App(app) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
   const QScreen &screen = *QGuiApplication::primaryScreen();
   PixelWidth = static_cast<int>(screen.size().width());
-  Show[static_cast<std::size_t>(Ctl::frmMain)].Visible = false;
-  Show[static_cast<std::size_t>(Ctl::frmSplash)].Visible = false;
+  SystemIsDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+  (*this)[Ctl::frmMain].Visible = (*this)[Ctl::frmSplash].Visible = false;
   Colours = &LightTheme();
   ApplyTheme(App, *Colours);
 }
@@ -118,13 +124,19 @@ Answer QtScreen::Ask(const Box &box) {
   message.setTextFormat(Qt::PlainText);
   message.setText(Text(box.Text));
   message.setStandardButtons(ButtonsOf(box.Offer));
-  if (const char *icon = IconOf(box.Mark)) message.setIconPixmap(SvgIcon(icon).pixmap(QSize(40, 40), message.devicePixelRatioF()));
+  if (const char *icon = IconOf(box.Mark))
+    message.setIconPixmap(SvgIcon(icon).pixmap(QSize(40, 40), message.devicePixelRatioF()));
   for (const Offer &offer : Offers) {
     if (QAbstractButton *button = message.button(offer.Button)) {
       button->setObjectName(offer.Name);
       button->setIcon({});
       button->setMinimumWidth(88);
     }
+  }
+  message.layout()->setContentsMargins(24, 22, 24, 20);
+  if (auto *grid = qobject_cast<QGridLayout *>(message.layout())) {
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(20);
   }
   const int pressed = message.exec();
   for (const Offer &offer : Offers)
@@ -141,6 +153,12 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
   dialog.setAcceptMode(use == FileUse::Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   dialog.setFileMode(use == FileUse::Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   dialog.setNameFilters(NameFilters(filter));
+  dialog.resize(820, 520);
+  for (auto *list : dialog.findChildren<QTreeView *>()) {
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setStretchLastSection(true);
+    list->setColumnHidden(2, true); // the type repeats what the name ends with
+  }
   if (use == FileUse::SaveAs) dialog.setDefaultSuffix("mvd");
   if (!initial.empty()) {
     const QFileInfo file(Text(initial));

@@ -21,7 +21,7 @@ public:
   bool Progress(double part) override;
 
   void Send(const Event &);
-  void Mirror();  // brings every window to what the core wrote; ends the event loop once frmMain was closed
+  void Mirror(); // brings every window to what the core wrote; ends the event loop once frmMain was closed
   MainWindow &Main() { return *Window; }
 
 private:

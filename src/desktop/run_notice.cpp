@@ -26,7 +26,7 @@ RunNotice::RunNotice() : Words(new QLabel), Bar(new QProgressBar), Stop(new QPus
 }
 
 bool RunNotice::Show(double part) {
-  constexpr int Patience = 500, Beat = 50;  // ms
+  constexpr int Patience = 500, Beat = 50; // ms
   if (Last.isValid() && Last.elapsed() < Beat) return !Stopped;
   if (Since.elapsed() > Patience) {
     Bar->show();

@@ -6,12 +6,14 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-// SimMsg: says that a run is under way and, once that takes longer than half a second, how far it is, with a stop button.
+// SimMsg: says that a run is under way and, once that takes longer than half a second, how far it is, with a
+// stop button.
 class RunNotice final : public QFrame {
 public:
   RunNotice();
   QLabel *Text() { return Words; }
-  bool Show(double part);  // 0..1; false: the user pressed stop. Only the stop button hears the user meanwhile.
+  bool
+  Show(double part); // 0..1; false: the user pressed stop. Only the stop button hears the user meanwhile.
 
 protected:
   void showEvent(QShowEvent *) override;

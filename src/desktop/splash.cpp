@@ -32,7 +32,8 @@ void Splash::paintEvent(QPaintEvent *) {
   painter.drawText(QRectF(334, 108, 290, 50), Qt::AlignLeft | Qt::AlignVCenter, title.left(dash));
   painter.setFont(TypeFont(Type::Base));
   painter.setPen(t.Quiet);
-  painter.drawText(QRectF(336, 162, 280, 44), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, title.mid(dash + 3));
+  painter.drawText(QRectF(336, 162, 280, 44), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+                   title.mid(dash + 3));
   painter.setFont(TypeFont(Type::Small));
   painter.drawText(QRectF(336, 282, 280, 24), Qt::AlignLeft | Qt::AlignVCenter, "Version " MORVANDEL_VERSION);
 }

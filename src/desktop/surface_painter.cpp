@@ -73,7 +73,8 @@ QPainterPath CorePath(const std::vector<OutlinePiece> &core, const SurfaceView &
     end = view.ToPixels(piece.X2, piece.Y2);
     if (piece.Radius > 0) {
       const double angle = std::atan2(piece.Y1 - piece.CenterY, piece.X1 - piece.CenterX);
-      AddArc(path, view.ToPixels(piece.CenterX, piece.CenterY), piece.Radius * view.Scale, angle, piece.Sweep);
+      AddArc(path, view.ToPixels(piece.CenterX, piece.CenterY), piece.Radius * view.Scale, angle,
+             piece.Sweep);
     } else {
       path.lineTo(end);
     }
@@ -81,7 +82,7 @@ QPainterPath CorePath(const std::vector<OutlinePiece> &core, const SurfaceView &
   path.closeSubpath();
   return path;
 }
-}  // namespace
+} // namespace
 
 SurfaceView FitView(const DrawSurface &surface, QSizeF pixels) {
   const double width = std::fabs(surface.Width), height = std::fabs(surface.Height);
@@ -108,7 +109,8 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   painter.restore();
 }
 
-void PaintItems(QPainter &painter, std::span<const DrawItem> items, const SurfaceView &view, const Theme &theme) {
+void PaintItems(QPainter &painter, std::span<const DrawItem> items, const SurfaceView &view,
+                const Theme &theme) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(Qt::NoBrush);
   QPainterPath path;
@@ -136,7 +138,7 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const Surfac
 }
 
 void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pixels, const Theme &theme) {
-  if (surface.ContourTo <= surface.ContourFrom) return;
+  if (surface.ContourTo <= surface.ContourFrom || pixels.height() < 120) return;
   const QFont font = TypeFont(Type::Small);
   const QFontMetricsF metrics(font);
   const double height = std::min(180.0, pixels.height() * 0.45), line = metrics.height();
@@ -151,9 +153,11 @@ void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pix
   painter.setPen(theme.Quiet);
   painter.drawText(QPointF(bar.left(), bar.top() - line * 0.55), "Burn distance, mm");
   painter.setPen(theme.Text);
+  const int decimals = surface.ContourTo < 1 ? 3 : surface.ContourTo < 10 ? 2 : 1;
   for (int i = 0; i <= 4; ++i) {
     const double part = i / 4.0, y = bar.bottom() - part * height;
     const double value = surface.ContourFrom + part * (surface.ContourTo - surface.ContourFrom);
-    painter.drawText(QPointF(bar.right() + 7, y + metrics.ascent() / 2 - 2), QString::number(value, 'f', value < 10 ? 2 : 1));
+    painter.drawText(QRectF(bar.right() + 7, y - line / 2, 64, line), Qt::AlignLeft | Qt::AlignVCenter,
+                     QString::number(value, 'f', decimals));
   }
 }

@@ -15,4 +15,5 @@ SurfaceView FitView(const DrawSurface &, QSizeF pixels);
 
 void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
 void PaintItems(QPainter &, std::span<const DrawItem>, const SurfaceView &, const Theme &);
-void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels, const Theme &);  // nothing without contours
+void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
+                       const Theme &); // nothing without contours

@@ -3,8 +3,6 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QToolTip>
 
 namespace {
@@ -67,6 +65,20 @@ QPushButton#RunSim2:focus { padding: 5px 19px; }
 QPushButton#Design_Mode { font-weight: 600; padding: 6px 16px; }
 QLineEdit, QTextBrowser, QListView, QTreeView { background: @Field; border: 1px solid @Edge; border-radius: 6px;
   selection-background-color: @Accent; selection-color: @AccentText; }
+QComboBox { background: @Field; border: 1px solid @Edge; border-radius: 6px; padding: 5px 8px; min-height: 18px; }
+QComboBox:focus { border-color: @Accent; }
+QComboBox::drop-down { border: none; width: 26px; }
+QComboBox::down-arrow { image: url(:/icons/@Ticks/down.svg); width: 14px; height: 14px; }
+QComboBox QAbstractItemView { background: @Field; border: 1px solid @Hairline; selection-background-color: @Hover;
+  selection-color: @Text; outline: none; }
+QHeaderView::section { background: @Window; color: @Quiet; border: none; border-bottom: 1px solid @Hairline;
+  padding: 6px 8px; }
+QTreeView, QListView { outline: none; selection-background-color: @Hover; selection-color: @Text; }
+QTreeView::item, QListView::item { min-height: 24px; }
+QTreeView::item:hover, QListView::item:hover { background: @Hover; }
+QTreeView::item:selected, QListView::item:selected { background: @Pressed; color: @Text; }
+QScrollArea { border: none; background: transparent; }
+QScrollArea > QWidget > QWidget { background: transparent; }
 QLineEdit { padding: 5px 8px; min-height: 18px; }
 QLineEdit:focus { border-color: @Accent; }
 QCheckBox { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; border-radius: 4px; }
@@ -84,12 +96,13 @@ QScrollBar::handle:hover { background: @Quiet; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #SidePane { background: @Pane; border-left: 1px solid @Hairline; }
-#ToolsPane, #ReportPane { background: @Pane; border-right: 1px solid @Hairline; }
+#ToolsPane, #Report_Frame { background: @Pane; border-right: 1px solid @Hairline; }
 #PromptStrip { background: @Window; border-top: 1px solid @Hairline; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
 #Empty_Card, #SimMsg_Card { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
 #sbStatusBar { color: @Quiet; }
+*[hairline="true"] { background: @Hairline; }
 *[quiet="true"] { color: @Quiet; }
 )";
 
@@ -100,18 +113,26 @@ QColor Mix(const QColor &a, const QColor &b, double part) {
 
 QString FilledSheet(const Theme &t) {
   const QColor notice = Mix(t.Window, t.Dark ? QColor("#FFA94D") : QColor("#F08C00"), 0.16);
-  const std::pair<const char *, QColor> names[] = {
-      // A name that begins another comes after it.
-      {"@Window", t.Window},         {"@Pane", t.Pane},       {"@Field", t.Field},
-      {"@Hairline", t.Hairline},     {"@Text", t.Text},       {"@Quiet", t.Quiet},
-      {"@Hover", t.Hover},           {"@Pressed", t.Pressed}, {"@AccentHover", t.AccentHover},
-      {"@AccentText", t.AccentText}, {"@Accent", t.Accent},   {"@Faint", Mix(t.Quiet, t.Window, 0.45)},
-      {"@Edge", Mix(t.Hairline, t.Quiet, 0.45)}, {"@Notice", notice}};
+  const std::pair<const char *, QColor> names[] = {// A name that begins another comes after it.
+                                                   {"@Window", t.Window},
+                                                   {"@Pane", t.Pane},
+                                                   {"@Field", t.Field},
+                                                   {"@Hairline", t.Hairline},
+                                                   {"@Text", t.Text},
+                                                   {"@Quiet", t.Quiet},
+                                                   {"@Hover", t.Hover},
+                                                   {"@Pressed", t.Pressed},
+                                                   {"@AccentHover", t.AccentHover},
+                                                   {"@AccentText", t.AccentText},
+                                                   {"@Accent", t.Accent},
+                                                   {"@Faint", Mix(t.Quiet, t.Window, 0.45)},
+                                                   {"@Edge", Mix(t.Hairline, t.Quiet, 0.45)},
+                                                   {"@Notice", notice}};
   QString sheet = QString::fromLatin1(Sheet);
   for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
   return sheet.replace(QLatin1String("@Ticks"), QLatin1String(t.Dark ? "dark" : "light"));
 }
-}  // namespace
+} // namespace
 
 const Theme &LightTheme() {
   static const Theme theme = MakeLight();
@@ -124,7 +145,8 @@ const Theme &DarkTheme() {
 }
 
 QColor FromRed(std::uint32_t colour) {
-  return {static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255), static_cast<int>(colour >> 16 & 255)};
+  return {static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255),
+          static_cast<int>(colour >> 16 & 255)};
 }
 
 QColor InkColour(const Theme &t, const DrawItem &item) {
@@ -159,6 +181,7 @@ QFont TypeFont(Type type) {
     font.setWeight(QFont::DemiBold);
     break;
   case Type::Figure: font.setPointSizeF(14); break;
+  case Type::Large: font.setPointSizeF(17); break;
   case Type::Title:
     font.setPointSizeF(16);
     font.setWeight(QFont::DemiBold);

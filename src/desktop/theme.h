@@ -18,8 +18,8 @@ const Theme &LightTheme();
 const Theme &DarkTheme();
 
 QColor InkColour(const Theme &, const DrawItem &);
-QColor FromRed(std::uint32_t colour);  // red in the low byte
+QColor FromRed(std::uint32_t colour); // red in the low byte
 
-enum class Type : std::uint8_t { Base, Small, Head, Prompt, Figure, Title };
+enum class Type : std::uint8_t { Base, Small, Head, Prompt, Figure, Large, Title };
 QFont TypeFont(Type);
-void ApplyTheme(QApplication &, const Theme &);  // style, palette, sheet: for every window, open ones too
+void ApplyTheme(QApplication &, const Theme &); // style, palette, sheet: for every window, open ones too

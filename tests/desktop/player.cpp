@@ -1,0 +1,294 @@
+#include "desktop/player.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+#include <QWindow>
+#include <map>
+#include <memory>
+
+namespace {
+constexpr int Beat = 15, Patience = 20000; // ms
+
+QWidget *Front() {
+  if (QWidget *modal = QApplication::activeModalWidget()) return modal;
+  for (QWidget *window : QApplication::topLevelWidgets())
+    if (window->isVisible() && qobject_cast<QMainWindow *>(window)) return window;
+  for (QWidget *window : QApplication::topLevelWidgets())
+    if (window->isVisible() && window->isWindow()) return window;
+  return nullptr;
+}
+
+template <class Kind>
+Kind *FindIn(const QString &name) {
+  QWidget *front = Front();
+  if (!front) return nullptr;
+  if (front->objectName() == name) return qobject_cast<Kind *>(front);
+  return front->findChild<Kind *>(name);
+}
+
+QAction *FindEntry(const QString &name) {
+  auto *window = qobject_cast<QMainWindow *>(Front());
+  return window ? window->findChild<QAction *>(name) : nullptr;
+}
+
+struct Place {
+  QWindow *Window;
+  QPoint At;
+};
+Place PlaceOf(QWidget &widget, QPointF share) {
+  const QPoint at(static_cast<int>(widget.width() * share.x()),
+                  static_cast<int>(widget.height() * share.y()));
+  return {widget.window()->windowHandle(), widget.mapTo(widget.window(), at)};
+}
+
+void Click(QWidget &widget, QPoint at) {
+  QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
+}
+
+void TypeKeys(QWindow *window, const QString &text) {
+  for (const QChar c : text) QTest::keyClick(window, c.toLatin1());
+}
+
+// Opens the menu that holds the entry and clicks the entry.
+bool ClickEntry(QAction &entry) {
+  auto *bar = qobject_cast<QMainWindow *>(Front())->menuBar();
+  for (QAction *title : bar->actions()) {
+    if (!title->menu()->actions().contains(&entry)) continue;
+    Click(*bar, bar->actionGeometry(title).center());
+    QMenu &menu = *title->menu();
+    if (!QTest::qWaitForWindowExposed(&menu)) return false;
+    QTest::mouseMove(menu.windowHandle(), menu.actionGeometry(&entry).center());
+    Click(menu, menu.actionGeometry(&entry).center());
+    return true;
+  }
+  return false;
+}
+
+QString TextOf(const QWidget &widget) {
+  if (widget.isWindow()) return widget.windowTitle();
+  if (auto *button = qobject_cast<const QAbstractButton *>(&widget)) return button->text();
+  if (auto *label = qobject_cast<const QLabel *>(&widget)) return label->text();
+  if (auto *field = qobject_cast<const QLineEdit *>(&widget)) return field->text();
+  return {};
+}
+
+// One line: Done, or Later when what it names is not there yet; a fault says what was seen instead.
+enum class Step { Done, Later, Wrong };
+struct Outcome {
+  Step What = Step::Done;
+  QString Seen;
+};
+
+Outcome Compare(const QString &wanted, const QString &seen) {
+  if (wanted == seen) return {};
+  return {Step::Later, "shows \"" + seen + "\""};
+}
+
+Outcome Flag(bool holds) { return {holds ? Step::Done : Step::Later, "it is not so"}; }
+
+Outcome AnswerBox(const QString &button, const QString &text) {
+  auto *box = qobject_cast<QMessageBox *>(Front());
+  if (!box) return {Step::Later, "no box"};
+  if (box->text() != text) return {Step::Wrong, "the box says \"" + box->text() + "\""};
+  auto *pressed = box->findChild<QAbstractButton *>(button);
+  if (!pressed) return {Step::Wrong, "the box has no such button"};
+  Click(*pressed, pressed->rect().center());
+  return {};
+}
+
+Outcome NameFile(const QString &path) {
+  auto *dialog = qobject_cast<QFileDialog *>(Front());
+  auto *field = dialog ? dialog->findChild<QLineEdit *>() : nullptr;
+  if (!field) return {Step::Later, "no file dialog"};
+  field->setText(path);
+  QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+  return {};
+}
+
+void DropFile(QWidget &window, const QString &path) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path)});
+  const QPoint middle = window.rect().center();
+  QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&window, &enter);
+  if (!enter.isAccepted()) return;
+  QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(&window, &drop);
+}
+
+Outcome Mouse(const QString &verb, QWidget &widget, const QStringList &word) {
+  if (word.size() < 4) return {Step::Wrong, "no place"};
+  const Place place = PlaceOf(widget, {word[2].toDouble(), word[3].toDouble()});
+  if (verb == "wheel") {
+    QTest::wheelEvent(place.Window, place.At, QPoint(0, static_cast<int>(word.value(4).toDouble() * 120)));
+    return {};
+  }
+  const Qt::MouseButton button = word.value(4) == "middle"  ? Qt::MiddleButton
+                                 : word.value(4) == "right" ? Qt::RightButton
+                                                            : Qt::LeftButton;
+  if (verb == "move") QTest::mouseMove(place.Window, place.At);
+  if (verb == "down") QTest::mousePress(place.Window, button, {}, place.At);
+  if (verb == "up") QTest::mouseRelease(place.Window, button, {}, place.At);
+  return {};
+}
+
+Outcome Picture(const QString &verb, QWidget &widget) {
+  static std::map<QString, QImage> kept;
+  const QImage now = widget.grab().toImage();
+  QImage &before = kept[widget.objectName()];
+  if (verb == "keep") {
+    before = now;
+    return {};
+  }
+  return Flag((before == now) == (verb == "same"));
+}
+
+// No text below the widget is cut: every visible label, button and field has the room it asks for, inside the
+// window.
+Outcome Uncut(QWidget &whole) {
+  const QRect window(QPoint(0, 0), whole.window()->size());
+  const QRect screen = whole.screen()->availableGeometry();
+  if (!screen.contains(QRect(whole.window()->pos(), window.size())))
+    return {Step::Wrong, "larger than the screen"};
+  for (QWidget *part : whole.findChildren<QWidget *>()) {
+    const auto *label = qobject_cast<QLabel *>(part);
+    if (!part->isVisible() || (!label && !qobject_cast<QAbstractButton *>(part))) continue;
+    if (part->objectName().startsWith("qt_")) continue;
+    const QSize need = label && label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                                  : part->minimumSizeHint().boundedTo(part->sizeHint());
+    if (part->width() < need.width() || part->height() < need.height())
+      return {Step::Later, part->objectName() + " \"" + TextOf(*part) + "\" is cut"};
+  }
+  return {};
+}
+
+Outcome Press(const QString &name) {
+  if (auto *button = FindIn<QAbstractButton>(name); button && button->isVisible()) {
+    if (!button->isEnabled()) return {Step::Wrong, "disabled"};
+    Click(*button, button->rect().center());
+    return {};
+  }
+  QAction *entry = FindEntry(name);
+  if (!entry) return {Step::Later, "not there"};
+  if (!entry->isEnabled()) return {Step::Wrong, "disabled"};
+  return Flag(ClickEntry(*entry));
+}
+
+Outcome TypeText(const QString &name, const QString &value) {
+  auto *field = FindIn<QLineEdit>(name);
+  if (!field || !field->isVisible()) return {Step::Later, "not there"};
+  Click(*field, field->rect().center());
+  QWindow *window = field->window()->windowHandle();
+  QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+  TypeKeys(window, value);
+  return {};
+}
+
+Outcome State(const QString &verb, const QString &name) {
+  auto *widget = FindIn<QWidget>(name);
+  QAction *entry = widget ? nullptr : FindEntry(name);
+  if (!widget && !entry) return {verb == "hidden" ? Step::Done : Step::Later, "not there"};
+  auto *button = qobject_cast<QAbstractButton *>(widget);
+  const bool checked = button ? button->isChecked() : entry && entry->isChecked();
+  if (verb == "checked" || verb == "unchecked") return Flag(checked == (verb == "checked"));
+  const bool enabled = widget ? widget->isEnabled() : entry->isEnabled();
+  if (verb == "enabled" || verb == "disabled") return Flag(enabled == (verb == "enabled"));
+  return Flag((widget ? widget->isVisible() : entry->isVisible()) == (verb == "visible"));
+}
+
+Outcome Perform(const QString &line) {
+  const QStringList word = line.split(' ');
+  const QString verb = word[0], name = word.value(1), rest = line.section(' ', 2);
+  if (verb == "press") return Press(name);
+  if (verb == "text") return TypeText(name, rest);
+  if (verb == "file") return NameFile(line.section(' ', 1));
+  if (verb == "box") return AnswerBox(name, rest);
+  if (QStringList{"checked", "unchecked", "visible", "hidden", "enabled", "disabled"}.contains(verb))
+    return State(verb, name);
+  if (verb == "key") {
+    QWidget *front = Front();
+    if (!front) return {Step::Later, "no window"};
+    QTest::keySequence(front->windowHandle(), QKeySequence(line.section(' ', 1)));
+    return {};
+  }
+  if (verb == "drop") {
+    auto *window = qobject_cast<QMainWindow *>(Front());
+    if (!window) return {Step::Later, "no window"};
+    DropFile(*window, line.section(' ', 1));
+    return {};
+  }
+  auto *widget = FindIn<QWidget>(name);
+  if (!widget || !widget->isVisible()) return {Step::Later, "not there"};
+  if (verb == "place") {
+    widget->setGeometry(word.value(2).toInt(), word.value(3).toInt(), word.value(4).toInt(),
+                        word.value(5).toInt());
+    return {};
+  }
+  if (verb == "whole") return Uncut(*widget);
+  if (verb == "close") {
+    widget->close();
+    return {};
+  }
+  if (verb == "shows") return Compare(rest, TextOf(*widget));
+  if (QStringList{"keep", "changed", "same"}.contains(verb)) return Picture(verb, *widget);
+  if (QStringList{"move", "down", "up", "wheel"}.contains(verb)) return Mouse(verb, *widget, word);
+  return {Step::Wrong, "no such verb"};
+}
+
+void CloseAll(Player &player) {
+  QWidget *front = Front();
+  if (!front || (!QApplication::activeModalWidget() && qobject_cast<QMainWindow *>(front))) {
+    player.App.quit();
+    return;
+  }
+  front->close();
+  QTimer::singleShot(Beat, &player.App, [&player] { CloseAll(player); });
+}
+
+// The next beat is set before the line is played: a line may open a modal loop, whose answers are the next
+// lines.
+void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t line) {
+  if (line < player.Next || !player.Fault.empty()) return;
+  if (line >= player.Line.size()) return CloseAll(player);
+  player.Next = line + 1;
+  auto fresh = std::make_shared<QElapsedTimer>();
+  fresh->start();
+  auto later = std::make_shared<bool>(false);
+  QTimer::singleShot(Beat, &player.App, [&player, fresh, line, later] {
+    if (!*later) Tick(player, fresh, line + 1);
+  });
+  const Outcome outcome = Perform(player.Line[line]);
+  if (outcome.What == Step::Done) return;
+  *later = true;
+  player.Next = line;
+  if (outcome.What == Step::Later && waited->elapsed() < Patience) {
+    QTimer::singleShot(Beat, &player.App, [&player, waited, line] { Tick(player, waited, line); });
+    return;
+  }
+  player.Fault = (player.Line[line] + ": " + outcome.Seen).toStdString();
+  CloseAll(player);
+}
+} // namespace
+
+QWidget *FindShown(const QString &name) { return FindIn<QWidget>(name); }
+
+void Play(Player &player) {
+  auto waited = std::make_shared<QElapsedTimer>();
+  waited->start();
+  QTimer::singleShot(Beat, &player.App, [&player, waited] { Tick(player, waited, 0); });
+}

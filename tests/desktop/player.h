@@ -1,0 +1,33 @@
+#pragma once
+#include <QString>
+#include <string>
+#include <vector>
+
+class QApplication;
+class QWidget;
+
+// Plays script lines on the running windows as mouse and key events of the window system; a line waits until
+// what it names is there. Widgets are found by object name, in the foremost modal window first.
+//   press NAME             a click on a button, or through the menu bar on an entry
+//   text NAME VALUE        clicks a field and types over what it holds
+//   key SEQUENCE           to the window in front: Return, Escape, Ctrl+S ...
+//   move|down|up NAME X Y [BUTTON]   X, Y: shares of the widget's width and height from its top left
+//   wheel NAME X Y NOTCHES
+//   file PATH              types PATH into the file dialog and accepts it
+//   box BUTTON TEXT        a message box with exactly this text is open; presses its button
+//   drop PATH              drops the file on the main window
+//   close NAME
+//   place NAME X Y W H     moves the window
+//   whole NAME             no text in it is cut, and it fits the screen
+//   shows NAME TEXT        the widget's text, or the window's title
+//   checked|unchecked|visible|hidden|enabled|disabled NAME
+//   keep NAME, changed NAME, same NAME   the widget's picture, and a comparison with the one kept
+struct Player {
+  QApplication &App;
+  std::vector<QString> Line;
+  std::size_t Next = 0;
+  std::string Fault;
+};
+void Play(
+    Player &); // from the event loop, to the end of the lines or the first fault; then every window is closed
+QWidget *FindShown(const QString &name);
