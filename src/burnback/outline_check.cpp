@@ -106,14 +106,16 @@ bool CrossesItself(const std::vector<Source> &outline, double R, double &x, doub
           return true;
         }
     }
-  for (const Source &s : outline) {
-    double px, py, turns = 0;
-    FrontPoint(s, s.Length / 2, 1e-9 * R, px, py);
-    for (const Source &other : outline) turns += SeenSweep(other, px, py);
-    if (std::abs(turns) > 1) {
+  // The port lies on the right of every piece, once: on the left nothing, on the right one turn of the walk (none in a
+  // slit of no width).
+  for (const Source &s : outline)
+    for (const double side : {1e-9 * R, -1e-9 * R}) {
+      double px, py, turns = 0;
+      FrontPoint(s, s.Length / 2, side, px, py);
+      for (const Source &other : outline) turns += SeenSweep(other, px, py);
+      if (side > 0 ? std::abs(turns) < 1 : turns < 1 && turns > -1.5 * TwoPi) continue;
       x = px, y = py;
       return true;
     }
-  }
   return false;
 }

@@ -163,7 +163,8 @@ bool WalkChain(Profile &p, const std::vector<Entity> &copy, double joinTolerance
   return false;
 }
 
-void FaceClockwise(std::vector<ChainLink> &chain) {
+// False: the walk goes back on itself and encloses nothing.
+bool FaceClockwise(std::vector<ChainLink> &chain, double R) {
   double area = 0;
   for (std::size_t i = 0; i < chain.size(); ++i) {
     double x1, y1, x2, y2;
@@ -172,9 +173,11 @@ void FaceClockwise(std::vector<ChainLink> &chain) {
     EndOf(chain[(i + 1) % chain.size()], false, x2, y2);
     area += x1 * y2 - x2 * y1;
   }
-  if (area <= 0) return;
+  if (std::abs(area) < 1e-9 * R * R) return false;
+  if (area < 0) return true;
   std::reverse(chain.begin() + 1, chain.end());
   for (ChainLink &c : chain) c.Forward = !c.Forward;
+  return true;
 }
 
 // ---- rows and their sources
@@ -411,6 +414,34 @@ std::vector<Piece> ClipToGrain(const std::vector<Piece> &chain, double R, const 
 
 }  // namespace
 
+void SetFeet(const Profile &p, BurnEntity &row, double from, double to) {
+  const Source &s = p.Sources[row.Source];
+  if (s.What != Source::Kind::Line) {
+    const auto unit = [&](double foot, double &x, double &y) {
+      x = std::cos(s.Start + foot);
+      y = std::sin(s.Start + foot);
+    };
+    if (from != row.From || row.To == 0) unit(from, row.FromX, row.FromY);
+    if (to != row.To) unit(to, row.ToX, row.ToY);
+    // Below half a turn from the halved sine, which keeps its digits; any bound will do above.
+    const double quarter = (to - from) / 4;
+    row.Height = to - from < Pi ? 2 * std::sin(quarter) * std::sin(quarter) : 2;
+  }
+  row.From = from;
+  row.To = to;
+}
+
+void SetEnds(const Profile &p, BurnEntity &row) {
+  const Source &s = p.Sources[row.Source];
+  if (s.What == Source::Kind::Line) {
+    FrontPoint(s, row.From, p.BurnDist, row.BurnX1, row.BurnY1);
+    FrontPoint(s, row.To, p.BurnDist, row.BurnX2, row.BurnY2);
+    return;
+  }
+  row.BurnX1 = s.X + row.Radius * row.FromX, row.BurnY1 = s.Y + row.Radius * row.FromY;
+  row.BurnX2 = s.X + row.Radius * row.ToX, row.BurnY2 = s.Y + row.Radius * row.ToY;
+}
+
 void TurnPoint(double &x, double &y, double angle) {
   const double c = std::cos(angle), s = std::sin(angle), px = x;
   x = px * c - y * s;
@@ -451,7 +482,8 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
       return refuse();
     }
     if (!WalkChain(p, copy, joinTolerance, chain)) return refuse();
-    FaceClockwise(chain);
+    EndOf(chain[0], false, p.ChainTipX, p.ChainTipY);
+    if (!FaceClockwise(chain, grainRadius)) return refuse();
   }
   std::vector<Piece> pieces = chain.size() == 1 ? std::vector<Piece>{{RowOf(chain[0]), {}, false}}
                                                 : CloseGaps(chain, 1e-7 * grainRadius);
@@ -470,7 +502,6 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
     FinishSource(s, tol.Slack);
     s.FirstRow = i;
     row.Source = i;
-    row.To = s.Length;
     if (row.EntType != LineType) {
       FrontPoint(s, 0, 0, row.X1, row.Y1);
       FrontPoint(s, s.Length, 0, row.X2, row.Y2);
@@ -485,6 +516,7 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
     p.BurnTable.push_back(piece.Row);
     p.Sources.push_back(piece.Src);
   }
+  for (BurnEntity &row : p.BurnTable) SetFeet(p, row, 0, p.Sources[row.Source].Length);
   AddPoints(p);
   p.ProfileOK = true;
 }

@@ -14,6 +14,8 @@ struct BurnEntity : Entity {
   double CaseX1 = 0, CaseY1 = 0, CaseX2 = 0, CaseY2 = 0;  // where the walk's first, second end stop on the grain circle
   int Source = -1;           // index into Profile::Sources
   double From = 0, To = 0;   // live feet: mm along a line, radians from the source's Start along an arc
+  double FromX = 0, FromY = 0, ToX = 0, ToY = 0, Height = 0;  // arcs: unit vectors from the centre to both feet; the
+                                                              // height of the arc over its chord for radius 1
   int NextOfSource = -1;     // another row of the same source
   bool CaseFrom = false, CaseTo = false;
 };
@@ -36,6 +38,9 @@ struct Profile {
 // corner arcs and the edge arcs, and clips all to the grain circle.
 // ProfileOK false: the entities do not close within JoinTolerance (mm), or the closed outline crosses itself.
 void Init(Profile &, const EntityTable &, double grainRadius, double joinTolerance);
+
+void SetFeet(const Profile &, BurnEntity &, double from, double to);  // the stretch and what hangs on it
+void SetEnds(const Profile &, BurnEntity &);                          // BurnX1.. from the feet at BurnDist
 
 void TurnPoint(double &x, double &y, double angle);  // about the origin, radians
 double NormalAngle(double);                          // into 0 .. two pi

@@ -8,6 +8,8 @@ bool IsDisc(const Source &s) { return s.What == Source::Kind::Corner || s.What =
 
 constexpr double HalfTurn = 3.14159265358979323846;
 
+double Apart(double ax, double ay, double bx, double by) { return std::sqrt((ax - bx) * (ax - bx) + (ay - by) * (ay - by)); }
+
 double HalfAngle(double cosine) { return cosine >= 1 ? 0 : cosine <= -1 ? HalfTurn : std::acos(cosine); }
 
 // Stretches on a line, O + s u.
@@ -96,7 +98,7 @@ Ranges ArcSwallowed(const Source &of, double from, double to, const Source &by, 
     RemoveAround(dead, ahead + HalfTurn, HalfAngle((tol.Slack + along) / rho));   // before the start
     return dead;
   }
-  const double D = std::hypot(dx, dy), outer = by.Radius + near, inner = by.Radius - near;
+  const double D = std::sqrt(dx * dx + dy * dy), outer = by.Radius + near, inner = by.Radius - near;
   const bool ring = by.What == Source::Kind::Arc;
   if (D - rho >= outer || (ring && D + rho <= inner) || (ring && rho - D >= outer)) return {};
   if (D < 1e-14 * (rho + by.Radius)) {
@@ -175,33 +177,25 @@ Ranges InsideCircle(const Source &of, double from, double to, double d, double R
     Keep(kept, middle - std::sqrt(D), middle + std::sqrt(D));
     return kept;
   }
-  const double rho = of.Radius + of.Side * d, D = std::hypot(of.X, of.Y);
+  const double rho = of.Radius + of.Side * d, D = std::sqrt(of.X * of.X + of.Y * of.Y);
   if (D + rho <= R) return kept;
   if (D < 1e-12 * R) return {};
   RemoveAround(kept, std::atan2(of.Y, of.X) - of.Start, HalfAngle(((R - D) * (R + D) - rho * rho) / (2 * D * rho)));
   return kept;
 }
 
-double GapBound(const Source &of, double from, double to, const Source &by, double d) {
-  double x1, y1, x2, y2, height = 0;
-  FrontPoint(of, from, d, x1, y1);
-  FrontPoint(of, to, d, x2, y2);
-  if (of.What != Source::Kind::Line) {
-    const double half = (to - from) / 2, rho = of.Radius + of.Side * d;
-    height = half < HalfTurn / 2 ? rho * (1 - std::cos(half)) : 2 * rho;
-  }
-  double bound = SegmentSegment(x1, y1, x2, y2, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) - height - by.Height;
+double GapBound(const Source &of, const FrontPiece &f, const Source &by, double d) {
+  double bound = SegmentSegment(f.X1, f.Y1, f.X2, f.Y2, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) - f.Height - by.Height;
   // A long arc is better bounded by its whole circle.
-  if (by.What == Source::Kind::Arc && by.Height > 0) {
-    const double near = PointSegment(by.X, by.Y, x1, y1, x2, y2) - height;
-    const double far = std::max(std::hypot(x1 - by.X, y1 - by.Y), std::hypot(x2 - by.X, y2 - by.Y)) + height;
+  if (by.Height > 0) {
+    const double near = PointSegment(by.X, by.Y, f.X1, f.Y1, f.X2, f.Y2) - f.Height;
+    const double far = std::max(Apart(f.X1, f.Y1, by.X, by.Y), Apart(f.X2, f.Y2, by.X, by.Y)) + f.Height;
     bound = std::max(bound, std::max(near - by.Radius, by.Radius - far));
   }
-  if (height > 0) {
+  if (f.Height > 0) {
     const double rho = of.Radius + of.Side * d;
     const double near = PointSegment(of.X, of.Y, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) - by.Height;
-    const double far = std::max(std::hypot(by.ChordX1 - of.X, by.ChordY1 - of.Y),
-                                std::hypot(by.ChordX2 - of.X, by.ChordY2 - of.Y)) + by.Height;
+    const double far = std::max(Apart(by.ChordX1, by.ChordY1, of.X, of.Y), Apart(by.ChordX2, by.ChordY2, of.X, of.Y)) + by.Height;
     bound = std::max(bound, std::max(near - rho, rho - far));
   }
   return bound - d;

@@ -16,8 +16,12 @@ Ranges Swallowed(const Source &of, double from, double to, const Source &by, dou
 // The feet from..to of `of` whose front points at distance d lie inside the circle of radius R about the origin.
 Ranges InsideCircle(const Source &of, double from, double to, double d, double R);
 
-// A lower bound of (distance of the front points of from..to to `by`) - d, mm.
-double GapBound(const Source &of, double from, double to, const Source &by, double d);
+// A live stretch of front: its ends and the height of its arc over their chord. mm
+struct FrontPiece {
+  double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0, Height = 0;
+};
+// A lower bound of (distance of a front piece of `of` to `by`) - d, mm.
+double GapBound(const Source &of, const FrontPiece &, const Source &by, double d);
 
 // Distance of a point to a source within its slack-widened reach; a large number outside it. mm.
 double DistanceWithin(const Source &by, double x, double y, double slack);

@@ -55,7 +55,8 @@ bool Swallows(const std::vector<Source> &source, const Source &s, int step) {
 }
 
 double CheapGap(const Source &of, const Source &by, double d) {
-  return std::hypot(of.MidX - by.MidX, of.MidY - by.MidY) - of.Reach - by.Reach - 2 * d;
+  const double dx = of.MidX - by.MidX, dy = of.MidY - by.MidY;
+  return std::sqrt(dx * dx + dy * dy) - of.Reach - by.Reach - 2 * d;
 }
 
 void RetireRow(BurnEntity &row) {
@@ -93,8 +94,8 @@ void CutRowBy(Regression &g, int r, const Ranges &dead, int by) {
       p.BurnTable[r].NextOfSource = at;
     }
     BurnEntity &row = p.BurnTable[at];
-    row.From = left.From[i];
-    row.To = left.To[i];
+    SetFeet(p, row, left.From[i], left.To[i]);
+    SetEnds(p, row);
     row.CaseFrom = row.From > before.From ? by < 0 : before.CaseFrom;
     row.CaseTo = row.To < before.To ? by < 0 : before.CaseTo;
     if (hasRow && row.From > before.From) LinkEnd(row, false, by);
@@ -115,25 +116,24 @@ void TrimPairs(Regression &g, int kind) {
     if (a.LastLive < g.Step - 1 || !Swallows(p.Sources, b, g.Step)) continue;
     double gap = CheapGap(a, b, p.BurnDist);
     if (gap < 4 * closing) {
-      gap = 1e300;
+      // A pair that touches is seldom apart soon: its gap is measured now and then only.
+      const bool measure = !g.Touching[pair] || g.Step % 8 == 0;
+      gap = measure ? 1e300 : 0;
       for (int r = a.FirstRow; r >= 0; r = p.BurnTable[r].NextOfSource) {
-        if (p.BurnTable[r].BurntOut) continue;
-        const double from = p.BurnTable[r].From, to = p.BurnTable[r].To;
-        const double bound = GapBound(a, from, to, b, p.BurnDist);
-        gap = std::min(gap, bound);
-        if (bound > 0) continue;
-        const Ranges dead = Swallowed(a, from, to, b, p.BurnDist, g.Tol);
+        const BurnEntity &row = p.BurnTable[r];
+        if (row.BurntOut) continue;
+        if (measure) {
+          const double bound = GapBound(a, {row.BurnX1, row.BurnY1, row.BurnX2, row.BurnY2, row.Height * row.Radius}, b, p.BurnDist);
+          gap = std::min(gap, bound);
+          if (bound > 0) continue;
+        }
+        const Ranges dead = Swallowed(a, row.From, row.To, b, p.BurnDist, g.Tol);
         if (dead.Count) CutRowBy(g, r, dead, by);
       }
+      g.Touching[pair] = gap <= 0;
     }
     WatchPair(g.Watch, kind, pair, g.Step + 1 + static_cast<std::int64_t>(std::clamp(gap / closing, 0.0, 1e9)));
   }
-}
-
-void RefreshEnds(const Profile &p, BurnEntity &row) {
-  const Source &s = p.Sources[row.Source];
-  FrontPoint(s, row.From, p.BurnDist, row.BurnX1, row.BurnY1);
-  FrontPoint(s, row.To, p.BurnDist, row.BurnX2, row.BurnY2);
 }
 
 void TrimGrain(Regression &g, bool lines) {
@@ -144,7 +144,7 @@ void TrimGrain(Regression &g, bool lines) {
     BurnEntity &row = p.BurnTable[r];
     if (row.BurntOut || IsLine(row) != lines) continue;
     const Source &s = p.Sources[row.Source];
-    if (std::hypot(s.MidX, s.MidY) + s.Reach + p.BurnDist < R) continue;
+    if (std::sqrt(s.MidX * s.MidX + s.MidY * s.MidY) + s.Reach + p.BurnDist < R) continue;
     const Ranges inside = InsideCircle(s, row.From, row.To, p.BurnDist, R);
     if (inside.Count == 1 && inside.From[0] == row.From && inside.To[0] == row.To) continue;
     Ranges outside = OneRange(row.From, row.To);
@@ -162,6 +162,7 @@ void StartRegression(Regression &g, int steps, double step) {
   const int n = static_cast<int>(p.Sources.size());
   p.BurnTable.reserve(p.BurnTable.size() + 64);
   StartWatch(g.Watch, n, steps);
+  g.Touching.assign(static_cast<std::size_t>(n) * n, 0);
   const std::vector<char> convex = ConvexPairs(p.Sources);
   for (int of = n - 1; of >= 0; --of)
     for (int by = n - 1; by >= 0; --by) {
@@ -169,7 +170,7 @@ void StartRegression(Regression &g, int steps, double step) {
       if (of == by || p.Sources[of].FirstRow < 0 || convex[pair] || OwnVertex(p.Sources, of, by)) continue;
       const Source &a = p.Sources[of], &b = p.Sources[by];
       double gap = CheapGap(a, b, 0);
-      if (gap < 8 * step) gap = GapBound(a, 0, a.Length, b, 0);
+      if (gap < 8 * step) gap = GapBound(a, {a.ChordX1, a.ChordY1, a.ChordX2, a.ChordY2, a.Height}, b, 0);
       WatchPair(g.Watch, KindOfPair(a, b), pair, 1 + static_cast<std::int64_t>(std::clamp(gap / (2 * step), 0.0, 1e9)));
     }
   p.BurnDist = p.BurnIncrement = 0;
@@ -178,10 +179,7 @@ void StartRegression(Regression &g, int steps, double step) {
 }
 
 void GetNewLinePos(Profile &p, BurnEntity &row) {
-  const Source &s = p.Sources[row.Source];
-  // Along the left normal of the walk, into the propellant.
-  FrontPoint(s, row.From, p.BurnDist, row.BurnX1, row.BurnY1);
-  FrontPoint(s, row.To, p.BurnDist, row.BurnX2, row.BurnY2);
+  SetEnds(p, row);  // along the left normal of the walk, into the propellant
   row.Intercept = row.BurnY1 - row.Slope * row.BurnX1;
 }
 
@@ -193,6 +191,7 @@ void GetNewArcPos(Profile &p, BurnEntity &row) {
     return;
   }
   row.Radius = radius;
+  SetEnds(p, row);
 }
 
 void TrimLines(Regression &g) { TrimPairs(g, LinePair); }
@@ -301,8 +300,6 @@ void StepFront(Regression &g) {
   TrimArcsArcs(g);
   TrimLinesGrain(g);
   TrimArcsGrain(g);
-  for (BurnEntity &row : p.BurnTable)
-    if (!row.BurntOut) RefreshEnds(p, row);
   TrimFillets(p);
   UpdateArrays(g);
 }

@@ -10,6 +10,7 @@ struct Regression {
   Profile Chain;
   BurnTolerance Tol;
   PairWatch Watch;
+  std::vector<char> Touching;  // by pair: its gap was closed when last measured
   double FullStep = 0;     // mm; the first step is half of it
   int Step = 0;            // number of the step under way, from 1
   double WallAngles = 0;   // sum of the walk's first ends' angles on the wall less that of the second ends, radians

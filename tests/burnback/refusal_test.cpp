@@ -29,6 +29,8 @@ TEST(Refusal, SaysWhyAndWhere) {
   missing.pop_back();
   std::vector<Entity> doubled = Square(8);
   doubled.push_back(doubled[1]);
+  std::vector<Entity> twice = Square(8);
+  for (const Entity &e : Square(8)) twice.push_back(e);
   std::vector<Entity> twoLoops = Square(8);
   for (const Entity &e : Square(3)) twoLoops.push_back(e);
   std::vector<Entity> withCircle = Square(8);
@@ -40,6 +42,7 @@ TEST(Refusal, SaysWhyAndWhere) {
       {"one line", {MakeLine(0, 0, 5, 0.3)}, {Unconnected, NotClosed}},
       {"open arc", {MakeArc(0, 0, 5, 0, 4)}, {Unconnected, NotClosed}},
       {"a side drawn twice", doubled, {Unconnected, NotClosed}},
+      {"all sides drawn twice", twice, {Unconnected}},
       {"two outlines", twoLoops, {Unconnected}},
       {"a circle beside an outline", withCircle, {Unconnected}},
       {"bow tie", RoundedPolygon({{-8, -5, 0}, {8, 5, 0}, {8, -5, 0}, {-8, 5, 0}}), {Unconnected}, 0, 0},
