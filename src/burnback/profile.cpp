@@ -470,6 +470,7 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
   const auto refuse = [&] { TurnPoint(p.ChainTipX, p.ChainTipY, -p.Turn); };
   TurnOffAxes(p, copy);
   std::vector<ChainLink> chain;
+  bool encloses = true;
   if (copy.size() == 1 && WholeTurn(copy[0])) {
     copy[0].EntType = CircleType;
     copy[0].StartAngle = 0;
@@ -482,8 +483,7 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
       return refuse();
     }
     if (!WalkChain(p, copy, joinTolerance, chain)) return refuse();
-    EndOf(chain[0], false, p.ChainTipX, p.ChainTipY);
-    if (!FaceClockwise(chain, grainRadius)) return refuse();
+    encloses = FaceClockwise(chain, grainRadius);
   }
   std::vector<Piece> pieces = chain.size() == 1 ? std::vector<Piece>{{RowOf(chain[0]), {}, false}}
                                                 : CloseGaps(chain, 1e-7 * grainRadius);
@@ -492,6 +492,10 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
   std::vector<Source> outline;
   for (const Piece &piece : pieces) outline.push_back(piece.Src);
   if (CrossesItself(outline, grainRadius, p.ChainTipX, p.ChainTipY)) return refuse();
+  if (!encloses) {
+    EndOf(chain[0], false, p.ChainTipX, p.ChainTipY);
+    return refuse();
+  }
   if (chain.size() > 1) pieces = GetAngleIO(pieces);
   pieces = ClipToGrain(pieces, grainRadius, tol);
 
