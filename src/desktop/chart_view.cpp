@@ -2,10 +2,13 @@
 
 #include "desktop/event_codes.h"
 
+#include <tuple>
+
 namespace {
 QColor LineOver(const QColor &fill, const Theme &theme) {
   return theme.Dark ? fill.lighter(120) : fill.darker(150);
 }
+auto CurvesOf(const Chart &c) { return std::tie(c.Title, c.XTitle, c.YTitle, c.Stacked, c.X, c.Series); }
 } // namespace
 
 ChartView::ChartView(Ctl self, Sender send, QLabel *key) : Self(self), Send(std::move(send)), Key(key) {
@@ -17,16 +20,19 @@ ChartView::ChartView(Ctl self, Sender send, QLabel *key) : Self(self), Send(std:
 }
 
 void ChartView::Copy(const Chart &chart, const Theme &theme) {
-  Chart resting = chart;
-  resting.CursorStep = Shown.CursorStep;
-  resting.CursorText = Shown.CursorText;
-  const bool recolour = Colours != &theme, replot = recolour || resting != Shown;
+  const bool recolour = Colours != &theme;
+  const bool replot = recolour || CurvesOf(chart) != CurvesOf(Shown);
   const bool cursor = chart.CursorStep != Shown.CursorStep || chart.CursorText != Shown.CursorText;
   Colours = &theme;
-  Shown = chart;
   if (recolour) Dress();
-  if (replot) Plot();
-  if (cursor) update();
+  if (replot) {
+    Shown = chart;
+    Plot();
+  }
+  if (!cursor) return;
+  Shown.CursorStep = chart.CursorStep;
+  Shown.CursorText = chart.CursorText;
+  update();
 }
 
 void ChartView::Dress() {

@@ -6,6 +6,20 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
+#include <tuple>
+
+namespace {
+auto FrameOf(const DrawSurface &s) {
+  return std::tie(s.Left, s.Top, s.Width, s.Height, s.GrainRadius, s.Ground, s.ContourFrom, s.ContourTo,
+                  s.Core);
+}
+bool SameFrame(const DrawSurface &a, const DrawSurface &b) { return FrameOf(a) == FrameOf(b); }
+
+void CopyFrame(const DrawSurface &from, DrawSurface &to) {
+  std::tie(to.Left, to.Top, to.Width, to.Height, to.GrainRadius, to.Ground, to.ContourFrom, to.ContourTo,
+           to.Core) = FrameOf(from);
+}
+} // namespace
 
 DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
   setMouseTracking(true);
@@ -16,20 +30,19 @@ DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
 }
 
 void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
-  const auto same = static_cast<std::size_t>(
-      std::mismatch(Shown.Item.begin(), Shown.Item.end(), surface.Item.begin(), surface.Item.end()).first -
-      Shown.Item.begin());
-  const bool sameGround = Colours == &theme && Shown.Left == surface.Left && Shown.Top == surface.Top &&
-                          Shown.Width == surface.Width && Shown.Height == surface.Height &&
-                          Shown.GrainRadius == surface.GrainRadius && Shown.Ground == surface.Ground &&
-                          Shown.Core == surface.Core;
-  if (sameGround && same == Shown.Item.size() && same == surface.Item.size() &&
-      Shown.ContourTo == surface.ContourTo && Shown.ContourFrom == surface.ContourFrom)
-    return;
+  auto &shown = Shown.Item;
+  const auto &wanted = surface.Item;
+  const auto parting = std::mismatch(shown.begin(), shown.end(), wanted.begin(), wanted.end());
+  const auto same = static_cast<std::size_t>(parting.first - shown.begin());
+  const bool sameGround = Colours == &theme && SameFrame(Shown, surface);
+  if (sameGround && same == shown.size() && same == wanted.size()) return;
   if (!sameGround || same < StillCount) Still = {};
   Colours = &theme;
-  Shown = surface;
-  if (Still.isNull()) StillCount = sameGround ? same : Shown.Item.size();
+  shown.erase(parting.first, shown.end());
+  shown.insert(shown.end(), parting.second, wanted.end());
+  CopyFrame(surface, Shown);
+  // What has just changed will likely change again: the picture kept holds the rest.
+  if (Still.isNull()) StillCount = sameGround ? same : shown.size();
   update();
 }
 

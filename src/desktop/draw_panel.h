@@ -25,7 +25,8 @@ protected:
   void mouseReleaseEvent(QMouseEvent *) override;
   void wheelEvent(QWheelEvent *) override;
   void keyPressEvent(QKeyEvent *) override;
-  bool focusNextPrevChild(bool) override { return false; } // Tab is a key of the drawing
+  // Tab is a key of the drawing; Shift+Tab leaves it.
+  bool focusNextPrevChild(bool next) override { return !next && QWidget::focusNextPrevChild(next); }
 
 private:
   Event At(Event::Kind, QPointF, Qt::KeyboardModifiers) const;

@@ -1,5 +1,8 @@
 #include "desktop/figure_label.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace {
@@ -17,7 +20,7 @@ Parts Split(const QString &caption, const QString &unit, const QString &text) {
 FigureLabel::FigureLabel(QString caption, QString unit, Type figure)
     : Caption(std::move(caption)), Unit(std::move(unit)), Size(figure) {
   setTextFormat(Qt::PlainText);
-  setTextInteractionFlags(Qt::TextSelectableByMouse);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 QSize FigureLabel::sizeHint() const {
@@ -40,4 +43,14 @@ void FigureLabel::paintEvent(QPaintEvent *) {
   painter.setFont(large);
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(0, base, p.Figure);
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+  painter.drawLine(0, base + 3, figure.horizontalAdvance(p.Figure), base + 3);
+}
+
+void FigureLabel::keyPressEvent(QKeyEvent *key) {
+  if (key->matches(QKeySequence::Copy))
+    QGuiApplication::clipboard()->setText(Split(Caption, Unit, text()).Figure);
+  else
+    QLabel::keyPressEvent(key);
 }

@@ -13,6 +13,7 @@ public:
 
 protected:
   void paintEvent(QPaintEvent *) override;
+  void keyPressEvent(QKeyEvent *) override; // Ctrl+C copies the figure
 
 private:
   QString Caption, Unit;

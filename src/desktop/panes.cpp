@@ -135,6 +135,7 @@ QWidget *BuildPromptStrip(Bindings &bindings) {
   row->setContentsMargins(16, 0, 16, 0);
   auto *prompt = Bind(bindings, Ctl::UserPrompt, new QLabel);
   prompt->setFont(TypeFont(Type::Prompt));
+  prompt->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   row->addWidget(prompt, 1);
   strip->setFixedHeight(QFontMetrics(TypeFont(Type::Prompt)).height() + 20);
   return strip;
@@ -146,6 +147,7 @@ QWidget *BuildStatusStrip(Bindings &bindings) {
   row->setContentsMargins(16, 0, 16, 0);
   auto *status = Bind(bindings, Ctl::sbStatusBar, new QLabel);
   status->setFont(TypeFont(Type::Small));
+  status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   row->addWidget(status, 1);
   strip->setFixedHeight(QFontMetrics(TypeFont(Type::Small)).height() + 12);
   return strip;

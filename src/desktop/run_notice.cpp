@@ -30,7 +30,10 @@ bool RunNotice::Show(double part) {
   if (Last.isValid() && Last.elapsed() < Beat) return !Stopped;
   if (Since.elapsed() > Patience) {
     Bar->show();
-    Stop->show();
+    if (Stop->isHidden()) {
+      Stop->show();
+      Stop->setFocus();
+    }
     Bar->setValue(static_cast<int>(part * 1000));
   }
   Last.start();
@@ -46,6 +49,10 @@ void RunNotice::showEvent(QShowEvent *) {
   Stopped = false;
   Bar->hide();
   Stop->hide();
+}
+
+void RunNotice::hideEvent(QHideEvent *) {
+  if (Stop->hasFocus()) parentWidget()->setFocus();
 }
 
 bool RunNotice::eventFilter(QObject *object, QEvent *event) {

@@ -17,6 +17,7 @@ public:
 
 protected:
   void showEvent(QShowEvent *) override;
+  void hideEvent(QHideEvent *) override;
   bool eventFilter(QObject *, QEvent *) override;
 
 private:
