@@ -44,6 +44,13 @@ bool RefuseAt(BurnRefusal &refusal, std::string text, double x, double y) {
   return Refuse(refusal, std::move(text));
 }
 
+}  // namespace
+
+std::string CheckStep(double R, double step) {
+  if (step > 0 && step <= R && 2 * R / step <= MostSteps) return {};
+  return "The burn step must be above 0 mm, at most the grain radius (" + PlainText(R) + " mm), and give at most 32767 steps";
+}
+
 bool CheckOutline(const Design &design, BurnRun &run, BurnRefusal &refusal) {
   const double R = design.Doc.GrainRadius;
   const AreaScan scan = ScanArea(design.Table, R, R / 100, false, design.Doc.JoinTolerance);
@@ -71,10 +78,8 @@ bool CheckOutline(const Design &design, BurnRun &run, BurnRefusal &refusal) {
   return false;
 }
 
-}  // namespace
-
-bool WriteBurnFile(const Design &design, const BurnOptions &options, double step, StreamedFile *graphicFile, BurnRun &run,
-                   BurnRefusal &refusal) {
+bool WriteBurnFile(const Design &design, const BurnOptions &options, double firstStep, double step, StreamedFile *graphicFile,
+                   BurnRun &run, BurnRefusal &refusal) {
   const double R = design.Doc.GrainRadius;
   Regression g;
   Profile &p = g.Chain;
@@ -87,7 +92,7 @@ bool WriteBurnFile(const Design &design, const BurnOptions &options, double step
   StartRegression(g, static_cast<int>(std::min(2 * R / step + 2, MostSteps + 2.0)), step);
   run.SectionAtStart = g.Section;
   bool live = true;
-  p.BurnIncrement = step / 2;
+  p.BurnIncrement = firstStep;
   while (live && p.BurnDist <= 2 * R && run.StepCount < MostSteps) {
     StepFront(g);
     if (run.TouchDist == -1 && g.LeftCount + g.RightCount > 0) run.TouchDist = static_cast<float>(p.BurnDist);
@@ -177,9 +182,7 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
     return Refuse(refusal, std::move(text));
   };
   if (!(R > 0)) return badUse("The grain diameter must be greater than 0");
-  if (!(step > 0) || step > R || 2 * R / step > MostSteps)
-    return badUse("The burn step must be above 0 mm, at most the grain radius (" + PlainText(R) +
-                  " mm), and give at most 32767 steps");
+  if (std::string trouble = CheckStep(R, step); !trouble.empty()) return badUse(trouble);
   if (design.Table.EntCount < 0) return Refuse(refusal, "Can't Simulate End Burning Geometries");
   BurnRun fresh;
   if (!CheckOutline(design, fresh, refusal)) return false;
@@ -189,7 +192,7 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
     OpenStreamed(graphicFile, options.WorkFolder + "GraphicFile");
     if (!graphicFile.Trouble.empty()) return badUse(graphicFile.Trouble);
   }
-  if (!WriteBurnFile(design, options, step, files ? &graphicFile : nullptr, fresh, refusal)) return false;
+  if (!WriteBurnFile(design, options, step / 2, step, files ? &graphicFile : nullptr, fresh, refusal)) return false;
   FillFigures(design.Doc, fresh);
   if (files) {
     std::string trouble = CommitStreamed(graphicFile);

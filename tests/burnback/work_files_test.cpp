@@ -3,6 +3,7 @@
 #include "base/whole_file.h"
 #include "burnback/burn_run.h"
 #include "burnback/designs.h"
+#include "burnback/run_at_step.h"
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,29 @@ TEST_F(Files, CheckFileAndKnProfile) {
   }
   EXPECT_TRUE(AtEnd(in));
   EXPECT_TRUE(AtEnd(profile));
+}
+
+TEST_F(Files, ExportRunAtAStepOfItsOwn) {
+  // A tube in closed form: whole steps give the core, half steps the conduit.
+  Design tube = MakeDesign(50, 120, 9, 3);
+  AppendRow(tube.Table, MakeCircle(0, 0, 10));
+  BurnOptions options;
+  options.WorkFolder = Folder;
+  BurnRefusal refusal;
+  const double s = 0.7;
+  ASSERT_TRUE(RunSim3(tube, options, s, Run, refusal)) << refusal.Text;
+  ASSERT_EQ(Run.StepCount, 21);  // 10 + 21 x 0.7 = 24.7
+  for (int i = 0; i < Run.RowsReached; ++i) {
+    const double b = (i + 1) * s, r = 10 + b;
+    EXPECT_NEAR(Run.Figures[i].CoreArea, (120 - 2 * b) * TwoPi * r, 1e-7);
+    // The midpoint rule is exact for a perimeter that grows evenly; it ends at 24.7.
+    const double outer = 10 + 21 * s;
+    EXPECT_NEAR(Run.Figures[i].EndsArea, 2 * Pi * (outer * outer - r * r), 1e-6);
+    EXPECT_NEAR(Run.Result[i].ConduitArea, Pi * 625 - Pi * (outer * outer - r * r), 1e-3);
+  }
+  EXPECT_FALSE(Bytes("GraphicFile").empty());
+  EXPECT_FALSE(Bytes("GraphicFile2").empty());
+  for (const double bad : {0.0, -1.0, 25.1, 0.001}) EXPECT_FALSE(RunSim3(tube, options, bad, Run, refusal)) << bad;
 }
 
 TEST_F(Files, OutlinesLieOnTheDrawing) {
