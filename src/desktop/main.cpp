@@ -1,5 +1,6 @@
 #include "desktop/icons.h"
 #include "desktop/qt_screen.h"
+#include "desktop/theme.h"
 #include "desktop/window_style.h"
 #include "shell/command_line.h"
 #include "shell/dispatch.h"
@@ -26,7 +27,7 @@ int main(int argc, char **argv) {
   QApplication::setApplicationName("Morvandel");
   QApplication::setDesktopFileName("morvandel");
   QApplication::setStyle(MakeWindowStyle());
-  QApplication::setFont(TypeFont(Type::Base));
+  SetBaseFont(10);
   QApplication::setWindowIcon(SvgIcon("morvandel"));
   QtScreen screen(app);
   Workbench bench(screen);

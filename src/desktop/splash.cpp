@@ -25,9 +25,7 @@ void Splash::paintEvent(QPaintEvent *) {
   painter.setPen(QPen(t.Hairline, 1));
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
   painter.drawPixmap(34, 36, Picture);
-  QFont name = TypeFont(Type::Title);
-  name.setPointSizeF(26);
-  painter.setFont(name);
+  painter.setFont(TypeFont(Type::Name));
   painter.setPen(t.Text);
   painter.drawText(QRectF(334, 108, 290, 50), Qt::AlignLeft | Qt::AlignVCenter, title.left(dash));
   painter.setFont(TypeFont(Type::Base));

@@ -64,6 +64,12 @@ void AddStroke(QPainterPath &path, const DrawItem &item, const SurfaceView &view
   }
 }
 
+// 1, 2 or 5 times a power of ten, the next at or above; above 0.
+double RoundStep(double step) {
+  const double power = std::pow(10, std::floor(std::log10(step))), lead = step / power;
+  return power * (lead <= 1 ? 1 : lead <= 2 ? 2 : lead <= 5 ? 5 : 10);
+}
+
 QPainterPath CorePath(const std::vector<OutlinePiece> &core, const SurfaceView &view) {
   QPainterPath path;
   QPointF end;
@@ -144,19 +150,20 @@ void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pix
   const double height = std::min(180.0, pixels.height() * 0.45), line = metrics.height();
   const QRectF bar(20, pixels.height() - 20 - height, 12, height);
   QLinearGradient ramp(bar.bottomLeft(), bar.topLeft());
-  for (int i = 0; i <= 16; ++i) ramp.setColorAt(i / 16.0, FromRed(Viridis(i / 16.0)));
+  for (int i = 0; i <= 16; ++i) ramp.setColorAt(i / 16.0, ContourColour(theme, Viridis(i / 16.0)));
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ramp);
   painter.drawRoundedRect(bar, 2, 2);
   painter.setFont(font);
   painter.setPen(theme.Quiet);
-  painter.drawText(QPointF(bar.left(), bar.top() - line * 0.55), "Burn distance, mm");
+  painter.drawText(QPointF(bar.left(), bar.top() - line * 0.6), "Burn distance, mm");
   painter.setPen(theme.Text);
-  const int decimals = surface.ContourTo < 1 ? 3 : surface.ContourTo < 10 ? 2 : 1;
-  for (int i = 0; i <= 4; ++i) {
-    const double part = i / 4.0, y = bar.bottom() - part * height;
-    const double value = surface.ContourFrom + part * (surface.ContourTo - surface.ContourFrom);
+  const double span = surface.ContourTo - surface.ContourFrom, step = RoundStep(span / 5);
+  const int decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 9);
+  for (double value = std::ceil(surface.ContourFrom / step) * step; value <= surface.ContourTo;
+       value += step) {
+    const double y = bar.bottom() - (value - surface.ContourFrom) / span * height;
     painter.drawText(QRectF(bar.right() + 7, y - line / 2, 64, line), Qt::AlignLeft | Qt::AlignVCenter,
                      QString::number(value, 'f', decimals));
   }

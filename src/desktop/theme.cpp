@@ -149,10 +149,16 @@ QColor FromRed(std::uint32_t colour) {
           static_cast<int>(colour >> 16 & 255)};
 }
 
+QColor ContourColour(const Theme &t, std::uint32_t colour) {
+  const QColor c = FromRed(colour);
+  const double light = 0.299 * c.redF() + 0.587 * c.greenF() + 0.114 * c.blueF();
+  return t.Dark ? Mix(c, Qt::white, 0.4 * (1 - light)) : Mix(c, Qt::black, 0.3 * light);
+}
+
 QColor InkColour(const Theme &t, const DrawItem &item) {
   switch (item.Role) {
   case Ink::Own: return item.Inverse ? t.Guide : FromRed(item.Colour);
-  case Ink::Contour: return FromRed(item.Colour);
+  case Ink::Contour: return ContourColour(t, item.Colour);
   case Ink::Grid: return t.Grid;
   case Ink::GridFifth: return t.GridFifth;
   case Ink::GrainCircle: return t.GrainCircle;
@@ -166,27 +172,22 @@ QColor InkColour(const Theme &t, const DrawItem &item) {
   return t.Text;
 }
 
-QFont TypeFont(Type type) {
+void SetBaseFont(double least) {
   QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  font.setPointSizeF(10);
-  switch (type) {
-  case Type::Base: break;
-  case Type::Small: font.setPointSizeF(9); break;
-  case Type::Head:
-    font.setPointSizeF(9);
-    font.setWeight(QFont::DemiBold);
-    break;
-  case Type::Prompt:
-    font.setPointSizeF(12);
-    font.setWeight(QFont::DemiBold);
-    break;
-  case Type::Figure: font.setPointSizeF(14); break;
-  case Type::Large: font.setPointSizeF(17); break;
-  case Type::Title:
-    font.setPointSizeF(16);
-    font.setWeight(QFont::DemiBold);
-    break;
-  }
+  font.setPointSizeF(std::max(least, font.pointSizeF()));
+  QApplication::setFont(font);
+}
+
+QFont TypeFont(Type type) {
+  static constexpr struct {
+    double Times;
+    QFont::Weight Weight;
+  } Scale[] = {{1, QFont::Normal},   {0.9, QFont::Normal}, {0.9, QFont::DemiBold}, {1.2, QFont::DemiBold},
+               {1.4, QFont::Normal}, {1.7, QFont::Normal}, {1.6, QFont::DemiBold}, {2.6, QFont::DemiBold}};
+  const auto &[times, weight] = Scale[static_cast<std::size_t>(type)];
+  QFont font = QApplication::font();
+  font.setPointSizeF(font.pointSizeF() * times);
+  font.setWeight(weight);
   return font;
 }
 

@@ -245,11 +245,16 @@ TEST(Desktop, BatchNeedsNoDisplay) {
 }
 
 TEST(Layout, NoTextIsCut) {
-  Journey j;
-  j.Run({"Gd=12345.678"},
-        {"whole Dimensions", "press Next", "whole IntroPage", "press OK", "whole frmMain",
-         "drop " + Path(Cases + "star6_fillet.mvd"), "whole frmMain", "press RunSim2", "visible Report_Frame",
-         "whole frmMain", "press Design_Mode", "press mnuAbout", "whole frmAbout", "press OK"});
+  for (const double points : {10.0, 12.0}) {
+    SCOPED_TRACE(points);
+    SetBaseFont(points);
+    Journey j;
+    j.Run({"Gd=12345.678"}, {"whole Dimensions", "press Next", "whole IntroPage", "press OK", "whole frmMain",
+                             "drop " + Path(Cases + "star6_fillet.mvd"), "whole frmMain", "press RunSim2",
+                             "visible Report_Frame", "whole frmMain", "press Design_Mode", "press mnuAbout",
+                             "whole frmAbout", "press OK"});
+  }
+  SetBaseFont(10);
 }
 } // namespace
 
@@ -257,6 +262,6 @@ int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);
   QApplication app(argc, argv);
   QApplication::setStyle(MakeWindowStyle());
-  QApplication::setFont(TypeFont(Type::Base));
+  SetBaseFont(10);
   return RUN_ALL_TESTS();
 }
