@@ -38,16 +38,18 @@ Points Crossings(const Source &a, const Source &b) {
   } else if (a.What == Source::Kind::Line) {
     const double dx = b.X - a.X, dy = b.Y - a.Y, middle = dx * a.UX + dy * a.UY, height = a.UX * dy - a.UY * dx;
     const double D = b.Radius * b.Radius - height * height;
-    if (D <= 1e-12 * b.Radius * b.Radius) return p;  // a touch is no crossing
+    if (D <= 1e-13 * b.Radius * b.Radius) return p;  // a touch is no crossing
     for (const double sign : {-1.0, 1.0}) add(a.X + (middle + sign * std::sqrt(D)) * a.UX, a.Y + (middle + sign * std::sqrt(D)) * a.UY);
   } else if (b.What == Source::Kind::Line) {
     return Crossings(b, a);
+  } else if (a.Radius > b.Radius) {
+    return Crossings(b, a);  // from the smaller circle: the larger one's radius would drown the half chord
   } else {
     const double dx = b.X - a.X, dy = b.Y - a.Y, D = std::hypot(dx, dy);
     if (D < 1e-12 * (a.Radius + b.Radius)) return p;
     const double along = (D * D + a.Radius * a.Radius - b.Radius * b.Radius) / (2 * D);
     const double H = a.Radius * a.Radius - along * along;
-    if (H <= 1e-12 * a.Radius * a.Radius) return p;
+    if (H <= 1e-13 * a.Radius * a.Radius) return p;
     for (const double sign : {-1.0, 1.0})
       add(a.X + (along * dx - sign * std::sqrt(H) * dy) / D, a.Y + (along * dy + sign * std::sqrt(H) * dx) / D);
   }
@@ -76,17 +78,14 @@ double SeenSweep(const Source &s, double x, double y) {
   return s.Side < 0 ? sum : -sum;
 }
 
-// How near to the joint of two pieces a crossing is only the roughness of the joint: a tangent that is off by a
-// thousandth of a radian, or two ends that overshoot each other by what the joining tolerance lets pass.
-double JointMargin(const std::vector<Source> &outline, int i, int j) {
+// How near to the joint of two pieces a crossing is only the roughness of the joint: two ends may overshoot each other by
+// what the joining tolerance lets pass.
+double JointMargin(const std::vector<Source> &outline, int i, int j, double R) {
   const int n = static_cast<int>(outline.size()), apart = std::min(j - i, n - (j - i));
-  if (apart == 1) {
-    const double a = outline[i].Radius, b = outline[j].Radius;
-    return 1e-3 * (a > 0 && b > 0 ? std::min(a, b) : std::max(a, b));
-  }
-  if (apart > 2) return 0;
+  if (apart == 1) return 1e-6 * R;
+  if (apart > 2) return 1e-7 * R;
   const Source &between = outline[j - i == 2 ? i + 1 : (j + 1) % n];
-  return between.Bridge ? 2 * between.Length : 0;
+  return std::max(1e-7 * R, between.Bridge ? 2 * between.Length : 0);
 }
 
 }  // namespace
@@ -98,7 +97,7 @@ bool CrossesItself(const std::vector<Source> &outline, double R, double &x, doub
       const Source &a = outline[i], &b = outline[j];
       const double apart = std::hypot(a.MidX - b.MidX, a.MidY - b.MidY);
       if (apart > a.Reach + b.Reach) continue;
-      const double margin = std::max(1e-7 * R, JointMargin(outline, i, j));
+      const double margin = JointMargin(outline, i, j, R);
       const Points p = Crossings(a, b);
       for (int k = 0; k < p.Count; ++k)
         if (Inner(a, p.X[k], p.Y[k], margin) && Inner(b, p.X[k], p.Y[k], margin)) {

@@ -221,17 +221,6 @@ Source SourceOf(const BurnEntity &row) {
   return s;
 }
 
-void Tangent(const Source &s, bool atEnd, double &ux, double &uy) {
-  if (s.What == Source::Kind::Line) {
-    ux = s.UX, uy = s.UY;
-    return;
-  }
-  // Side -1 walks counter-clockwise from Start, Side +1 clockwise from Start + Length.
-  const double a = atEnd == (s.Side < 0) ? s.Start + s.Length : s.Start;
-  ux = s.Side * std::sin(a);
-  uy = -s.Side * std::cos(a);
-}
-
 BurnEntity CornerRow(double x, double y, double start, double sweep) {
   BurnEntity row;
   row.EntType = ArcType;

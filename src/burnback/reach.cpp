@@ -159,6 +159,17 @@ void FrontPoint(const Source &s, double foot, double d, double &x, double &y) {
   y = s.Y + rho * std::sin(s.Start + foot);
 }
 
+void Tangent(const Source &s, bool atEnd, double &ux, double &uy) {
+  if (s.What == Source::Kind::Line) {
+    ux = s.UX, uy = s.UY;
+    return;
+  }
+  // Side -1 walks counter-clockwise from Start, Side +1 clockwise from Start + Length.
+  const double a = atEnd == (s.Side < 0) ? s.Start + s.Length : s.Start;
+  ux = s.Side * std::sin(a);
+  uy = -s.Side * std::cos(a);
+}
+
 double FrontLength(const Source &s, double from, double to, double d) {
   return s.What == Source::Kind::Line ? to - from : (to - from) * std::max(0.0, s.Radius + s.Side * d);
 }

@@ -27,5 +27,6 @@ double GapBound(const Source &of, const FrontPiece &, const Source &by, double d
 double DistanceWithin(const Source &by, double x, double y, double slack);
 
 void FrontPoint(const Source &, double foot, double d, double &x, double &y);
+void Tangent(const Source &, bool atEnd, double &ux, double &uy);  // of the walk, unit length
 double FrontLength(const Source &, double from, double to, double d);
 void FinishSource(Source &, double slack);  // fills the derived fields
