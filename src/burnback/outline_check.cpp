@@ -85,7 +85,7 @@ double JointMargin(const std::vector<Source> &outline, int i, int j, double R) {
   if (apart == 1) return 1e-6 * R;
   if (apart > 2) return 1e-7 * R;
   const Source &between = outline[j - i == 2 ? i + 1 : (j + 1) % n];
-  return std::max(1e-7 * R, between.Bridge ? 2 * between.Length : 0);
+  return std::max(1e-7 * R, between.Bridge ? 20 * between.Length : 0);
 }
 
 }  // namespace
@@ -109,6 +109,7 @@ bool CrossesItself(const std::vector<Source> &outline, double R, double &x, doub
   // slit of no width).
   for (const Source &s : outline)
     for (const double side : {1e-9 * R, -1e-9 * R}) {
+      if (s.Bridge) continue;
       double px, py, turns = 0;
       FrontPoint(s, s.Length / 2, side, px, py);
       for (const Source &other : outline) turns += SeenSweep(other, px, py);

@@ -258,17 +258,58 @@ Piece BridgePiece(double x1, double y1, double x2, double y2) {
   return piece;
 }
 
-// Gaps that JoinTolerance lets pass are closed by a line of their own, so that the front has no seam.
-std::vector<Piece> CloseGaps(const std::vector<ChainLink> &chain, double noise) {
+void MoveEnd(ChainLink &c, bool far, double x, double y) {  // of a line
+  const bool second = far == c.Forward;
+  (second ? c.Ent.X2 : c.Ent.X1) = x;
+  (second ? c.Ent.Y2 : c.Ent.Y1) = y;
+}
+
+// Where two lines that gape or overshoot meet: their intersection when it is at hand, else the middle of the gap.
+void WeldLines(ChainLink &a, ChainLink &b, double gap) {
+  double x1, y1, x2, y2, ax, ay, bx, by;
+  EndOf(a, true, x1, y1);
+  EndOf(b, false, x2, y2);
+  EndOf(a, false, ax, ay);
+  EndOf(b, true, bx, by);
+  double x = (x1 + x2) / 2, y = (y1 + y2) / 2;
+  const double ux = x1 - ax, uy = y1 - ay, vx = bx - x2, vy = by - y2, cross = ux * vy - uy * vx;
+  if (std::abs(cross) > 0.1 * std::hypot(ux, uy) * std::hypot(vx, vy)) {
+    const double t = ((x2 - x1) * vy - (y2 - y1) * vx) / cross;
+    const double px = x1 + t * ux, py = y1 + t * uy;
+    if (std::hypot(px - x, py - y) < 3 * gap) x = px, y = py;
+  }
+  MoveEnd(a, true, x, y);
+  MoveEnd(b, false, x, y);
+}
+
+// Joints that JoinTolerance lets pass are made true: lines are drawn to the joint; two arcs get a short line between them.
+std::vector<Piece> CloseGaps(std::vector<ChainLink> chain, double noise) {
+  const std::size_t n = chain.size();
+  std::vector<char> bridge(n, 0);
+  for (std::size_t i = 0; i < n; ++i) {
+    ChainLink &a = chain[i], &b = chain[(i + 1) % n];
+    double x1, y1, x2, y2;
+    EndOf(a, true, x1, y1);
+    EndOf(b, false, x2, y2);
+    const double gap = std::hypot(x2 - x1, y2 - y1);
+    if (gap <= noise) continue;
+    const bool lineA = a.Ent.EntType == LineType, lineB = b.Ent.EntType == LineType;
+    if (lineA && lineB) WeldLines(a, b, gap);
+    else if (lineA) MoveEnd(a, true, x2, y2);
+    else if (lineB) MoveEnd(b, false, x1, y1);
+    else bridge[i] = 1;
+  }
   std::vector<Piece> closed;
-  for (std::size_t i = 0; i < chain.size(); ++i) {
+  for (std::size_t i = 0; i < n; ++i) {
+    if (LengthOf(chain[i].Ent) <= noise) continue;
     Piece piece{RowOf(chain[i]), {}, true};
     piece.Src = SourceOf(piece.Row);
     closed.push_back(piece);
+    if (!bridge[i]) continue;
     double x1, y1, x2, y2;
     EndOf(chain[i], true, x1, y1);
-    EndOf(chain[(i + 1) % chain.size()], false, x2, y2);
-    if (std::hypot(x2 - x1, y2 - y1) > noise) closed.push_back(BridgePiece(x1, y1, x2, y2));
+    EndOf(chain[(i + 1) % n], false, x2, y2);
+    closed.push_back(BridgePiece(x1, y1, x2, y2));
   }
   return closed;
 }
