@@ -1,0 +1,153 @@
+#include "cli/burn.h"
+
+#include "base/number_text.h"
+#include "base/whole_file.h"
+#include "burnback/burn_run.h"
+#include "cli/exit_codes.h"
+#include "cli/outputs.h"
+#include "outputs/picture.h"
+#include "shell/grain_file.h"
+
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace {
+
+int Fail(int code, const std::string &words) {
+  fmt::print(stderr, "{}\n", words);
+  return code;
+}
+
+// The dimensions given take the place of the file's. The trouble, or empty.
+std::string ApplyArguments(const BurnArguments &a, GrainDoc &doc) {
+  const auto bad = [](const char *option, const char *expected) { return fmt::format("{}: expected {}", option, expected); };
+  const auto fits = [](double v) { return std::isfinite(v) && v <= 1e6; };
+  if (a.HasDiameter && !(a.Diameter > 0 && fits(a.Diameter))) return bad("--diameter", "millimetres above 0");
+  if (a.HasLength && !(a.Length >= 0 && fits(a.Length))) return bad("--length", "millimetres, 0 or more");
+  if (a.HasThroat && !(a.Throat >= 0 && fits(a.Throat))) return bad("--throat", "millimetres, 0 or more");
+  if (a.HasDiameter) {
+    doc.GrainDiam = a.Diameter;
+    doc.GrainRadius = static_cast<float>(a.Diameter / 2);
+  }
+  if (a.HasLength) doc.GrainLength = static_cast<float>(a.Length);
+  if (a.HasThroat) doc.ThroatDiam = static_cast<float>(a.Throat);
+  if (a.HasEnds) doc.EndsExposed = a.Ends == "none" ? 0 : a.Ends == "A" ? 1 : a.Ends == "B" ? 2 : 3;
+  return {};
+}
+
+std::string TableText(const BurnRun &run) {
+  std::string text = "burn_distance_mm,perimeter_mm,port_area_mm2,core_area_mm2,ends_area_mm2,total_area_mm2,kn\n";
+  for (int i = 0; i < run.RowsReached; ++i) {
+    const RowFigures &row = run.Figures[i];
+    for (const double v : {run.StepDist[i], run.StepPerimeter[i], Pi * run.GrainRadius * run.GrainRadius - run.StepSection[i],
+                           row.CoreArea, row.EndsArea, row.CoreArea + row.EndsArea})
+      text += PlainText(v) + ',';
+    text += (run.HasThroat ? PlainText(row.Kn) : "") + '\n';
+  }
+  return text;
+}
+
+std::string Json(const BurnRun &run) {
+  const auto number = [](double v) { return PlainText(v); };
+  const auto orNull = [&](bool known, double v) { return known ? number(v) : std::string("null"); };
+  return fmt::format("{{\n  \"max_burn_area_mm2\": {},\n  \"max_kn\": {},\n  \"ap_at\": {},\n  \"volume_loading\": {},\n"
+                     "  \"sliver_fraction\": {},\n  \"neutrality\": {},\n  \"web_mm\": {},\n  \"burn_end_mm\": {},\n"
+                     "  \"steps\": {},\n  \"propellant_volume_mm3\": {},\n  \"section_check\": {}\n}}\n",
+                     number(run.MaxBurnArea), orNull(run.HasThroat, run.MaxKn), orNull(run.HasThroat, run.ApAt),
+                     number(run.VolumeLoading), orNull(run.HasSliver, run.SliverFraction), number(run.Neutrality),
+                     orNull(run.TouchDist != -1, run.TouchDist), number(run.LastLiveDist), run.StepCount,
+                     number(run.InitialVolume), number(run.SectionCheck));
+}
+
+std::string Report(const BurnArguments &a, const GrainDoc &doc, const BurnRun &run) {
+  const ReportText text = FormatReport(run);
+  const char *const ends[] = {"none", "A", "B", "A and B"};
+  const auto line = [](const char *name, const std::string &value, const char *unit) {
+    return fmt::format("  {:<22}{:>14}{}{}\n", name, value, *unit ? " " : "", unit);
+  };
+  const auto short6 = [](double v) { return fmt::format("{:.6g}", v); };
+  std::string out = fmt::format("{}\n  grain {} x {} mm, throat {} mm, burning ends: {}\n\n",
+                                std::filesystem::path(a.File).filename().string(), PlainText(2 * doc.GrainRadius),
+                                PlainText(doc.GrainLength), PlainText(doc.ThroatDiam), ends[doc.EndsExposed & 3]);
+  out += line("Max burn area", text.Burn_Area, "mm2");
+  out += line("Max Kn", run.HasThroat ? short6(run.MaxKn) : text.Kn_Ratio, "");
+  out += line("Ap/At", run.HasThroat ? short6(run.ApAt) : text.Ap_At_Ratio, "");
+  out += line("Volume loading", text.Volume_Loadings, "");
+  out += line("Sliver fraction", text.Sliver_Fraction, "");
+  out += line("Neutrality", text.Neutrallity, "");
+  out += line("Web (wall contact)", run.TouchDist == -1 ? "N/A" : PlainText(run.TouchDist), run.TouchDist == -1 ? "" : "mm");
+  out += line("End of burn", short6(run.LastLiveDist), "mm");
+  out += line("Steps", std::to_string(run.StepCount), "");
+  out += line("Propellant volume", fmt::format("{:.2f}", run.InitialVolume / 1000), "cm3");
+  out += line("Section check", fmt::format("{:.2g}", run.SectionCheck), "");
+  return out;
+}
+
+// A line on the terminal once a run has taken half a second.
+struct ProgressLine {
+  std::chrono::steady_clock::time_point Began = std::chrono::steady_clock::now();
+  int Shown = -1;
+  bool Terminal = ::isatty(STDERR_FILENO) != 0;
+  bool operator()(double part) {
+    const int percent = static_cast<int>(100 * part);
+    if (Terminal && percent != Shown && std::chrono::steady_clock::now() - Began > std::chrono::milliseconds(500)) {
+      Shown = percent;
+      fmt::print(stderr, "\rburning {:3d} %", percent);
+    }
+    return true;
+  }
+  ~ProgressLine() {
+    if (Shown >= 0) fmt::print(stderr, "\r              \r");
+  }
+};
+
+}  // namespace
+
+int BurnCommand(const BurnArguments &a) {
+  Design design;
+  if (std::string trouble = ReadGrainFile(a.File, design); !trouble.empty()) return Fail(BadUse, trouble);
+  design.CurrentFile = a.File;
+  if (std::string trouble = ApplyArguments(a, design.Doc); !trouble.empty()) return Fail(BadUse, trouble);
+  if (a.HasStep && !(a.Step > 0)) return Fail(BadUse, "--step: expected millimetres above 0");
+
+  BurnOptions options;
+  options.Step = a.HasStep ? a.Step : 0;
+  if (!a.WorkDir.empty()) {
+    if (!std::filesystem::is_directory(a.WorkDir)) return Fail(BadUse, a.WorkDir + ": there is no such folder");
+    options.WorkFolder = a.WorkDir + "/";
+  }
+  Outputs outputs;
+  for (const std::string *path : {&a.Table, &a.Svg, &a.Png})
+    if (!path->empty())
+      if (std::string trouble = PlanOutput(outputs, *path); !trouble.empty()) return Fail(BadUse, trouble);
+
+  BurnRun run;
+  BurnRefusal refusal;
+  bool burnt;
+  {
+    ProgressLine progress;
+    options.Progress = [&](double part) { return progress(part); };
+    burnt = BurnDesign(design, options, run, refusal);
+  }
+  if (!burnt) {
+    std::string words = refusal.Text;
+    if (refusal.HasPlace) words += fmt::format(" (at x = {:.4f}, y = {:.4f} mm)", refusal.X, refusal.Y);
+    return Fail(refusal.BadUse ? BadUse : Refused, words);
+  }
+  if (!run.Notice.empty()) fmt::print(stderr, "{}\n", run.Notice);
+
+  std::string trouble;
+  const auto fill = [&](const std::string &path, const auto &write) {
+    if (trouble.empty() && !path.empty()) trouble = FillOutput(outputs, path, write);
+  };
+  fill(a.Table, [&](const std::string &draft) { return WriteWhole(draft, TableText(run)); });
+  fill(a.Svg, [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Svg, draft); });
+  fill(a.Png, [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Png, draft); });
+  if (trouble.empty()) trouble = MoveIntoPlace(outputs);
+  if (!trouble.empty()) return Fail(BadUse, trouble);
+  fmt::print("{}", a.Json ? Json(run) : Report(a, design.Doc, run));
+  return Done;
+}

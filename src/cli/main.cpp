@@ -1,0 +1,68 @@
+#include "cli/burn.h"
+#include "cli/exit_codes.h"
+#include "shell/command_line.h"
+#include "shell/kn_batch.h"
+#include "shell/work_folder.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <fmt/format.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+// The system's own command line: /Kn and the five keys.
+int KnBatch(const std::vector<std::string> &arguments) {
+  std::string words;
+  const int code = RunKnBatch(ReadCommandLine(arguments), FindFolders(ExecutablePath()), words);
+  if (!words.empty()) fmt::print(stderr, "{}\n", words);
+  return code;
+}
+
+bool IsOwnCommandLine(const std::vector<std::string> &arguments) {
+  for (const std::string &a : arguments)
+    if (a.rfind("/Kn", 0) == 0 || a.rfind("/kn", 0) == 0 || a.rfind("/KN", 0) == 0) return true;
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  if (IsOwnCommandLine(arguments)) return KnBatch(arguments);
+
+  CLI::App app{"Morvandel - Solid Motor Geometry Simulator, without its window"};
+  app.set_version_flag("--version", "Morvandel " MORVANDEL_VERSION);
+  app.require_subcommand(1);
+  app.footer("A batch Kn run:  morvandel-cli [FILE.mvd] /Kn Gd=MM Gl=MM Ea=0|1 Eb=0|1 Td=MM\n"
+             "Exit codes: 0 done, 1 refused (open or crossing outline), 2 bad use, bad file or unwritable target.");
+
+  BurnArguments burn;
+  CLI::App *const command = app.add_subcommand("burn", "burn a grain file: report, step table, picture");
+  command->add_option("FILE.mvd", burn.File, "grain file")->required();
+  CLI::Option *const diameter = command->add_option("--diameter", burn.Diameter, "grain diameter, mm (changes the circle only)");
+  CLI::Option *const length = command->add_option("--length", burn.Length, "grain length, mm");
+  CLI::Option *const throat = command->add_option("--throat", burn.Throat, "nozzle throat diameter, mm; 0: no Kn");
+  CLI::Option *const ends =
+      command->add_option("--ends", burn.Ends, "burning ends")->check(CLI::IsMember({"none", "A", "B", "AB"}));
+  CLI::Option *const step = command->add_option("--step", burn.Step, "burn step, mm (else a thousandth of the radius)");
+  command->add_option("--workdir", burn.WorkDir, "folder for the work files GraphicFile and CheckFile");
+  command->add_option("--table", burn.Table, "write the step table (CSV)");
+  command->add_option("--svg", burn.Svg, "write the picture of the burn as SVG");
+  command->add_option("--png", burn.Png, "write the picture of the burn as PNG");
+  command->add_flag("--json", burn.Json, "print the figures as JSON");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError &error) {
+    return app.exit(error) == 0 ? Done : BadUse;
+  }
+  burn.HasDiameter = diameter->count() > 0;
+  burn.HasLength = length->count() > 0;
+  burn.HasThroat = throat->count() > 0;
+  burn.HasEnds = ends->count() > 0;
+  burn.HasStep = step->count() > 0;
+  return BurnCommand(burn);
+}
