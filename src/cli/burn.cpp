@@ -50,7 +50,7 @@ std::string TableText(const BurnRun &run) {
   return text;
 }
 
-std::string Json(const BurnRun &run) {
+std::string Json(const GrainDoc &doc, const BurnRun &run) {
   const auto number = [](double v) { return PlainText(v); };
   const auto orNull = [&](bool known, double v) { return known ? number(v) : std::string("null"); };
   return fmt::format("{{\n  \"max_burn_area_mm2\": {},\n  \"max_kn\": {},\n  \"ap_at\": {},\n  \"volume_loading\": {},\n"
@@ -58,8 +58,8 @@ std::string Json(const BurnRun &run) {
                      "  \"steps\": {},\n  \"propellant_volume_mm3\": {},\n  \"section_check\": {}\n}}\n",
                      number(run.MaxBurnArea), orNull(run.HasThroat, run.MaxKn), orNull(run.HasThroat, run.ApAt),
                      number(run.VolumeLoading), orNull(run.HasSliver, run.SliverFraction), number(run.Neutrality),
-                     orNull(run.TouchDist != -1, run.TouchDist), number(run.LastLiveDist), run.StepCount,
-                     number(run.InitialVolume), number(run.SectionCheck));
+                     run.TouchDist == -1 ? "null" : PlainText(run.TouchDist), number(run.LastLiveDist), run.StepCount,
+                     number(run.Section * doc.GrainLength), number(run.SectionCheck));
 }
 
 std::string Report(const BurnArguments &a, const GrainDoc &doc, const BurnRun &run) {
@@ -148,6 +148,6 @@ int BurnCommand(const BurnArguments &a) {
   fill(a.Png, [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Png, draft); });
   if (trouble.empty()) trouble = MoveIntoPlace(outputs);
   if (!trouble.empty()) return Fail(BadUse, trouble);
-  fmt::print("{}", a.Json ? Json(run) : Report(a, design.Doc, run));
+  fmt::print("{}", a.Json ? Json(design.Doc, run) : Report(a, design.Doc, run));
   return Done;
 }
