@@ -1,46 +1,27 @@
 #pragma once
-#include "burnback/burn_run.h"
+#include "burnback/burn_row.h"
 #include "burnback/source.h"
 
 #include <vector>
 
-// A row of the burning chain: one live stretch of one offset source. The entity fields keep the geometry of the
-// start of the run (turned), save an arc's Radius and angles, which move.
-struct BurnEntity : Entity {
-  double BurnX1 = 0, BurnY1 = 0, BurnX2 = 0, BurnY2 = 0;  // current ends: a line's in walking order, an arc's Start, End
-  std::int16_t Side = 0;                      // arcs: sign of the radius change; lines: direction of the offset
-  std::int16_t NextLink = -1, PrevLink = -1;  // the row that last cut the walk's second and first end
-  bool BurntOut = false;
-  double CaseX1 = 0, CaseY1 = 0, CaseX2 = 0, CaseY2 = 0;  // where the walk's first, second end stop on the grain circle
-  int Source = -1;           // index into Profile::Sources
-  double From = 0, To = 0;   // live feet: mm along a line, radians from the source's Start along an arc
-  double FromX = 0, FromY = 0, ToX = 0, ToY = 0, Height = 0;  // arcs: unit vectors from the centre to both feet; the
-                                                              // height of the arc over its chord for radius 1
-  int NextOfSource = -1;     // another row of the same source
-  bool CaseFrom = false, CaseTo = false;
-};
-
-// The working copy of a run. The first rows of BurnTable are those of the sources, in chain order; later ones are
-// stretches that a pinch or the wall has split off. Behind the sources with rows stand the Points.
+// The working copy of a run. The first rows of BurnTable are those of the sources, in chain order; later ones
+// are stretches that a pinch or the wall has split off. Behind the sources with rows stand the Points.
 struct Profile {
   double GrainRadius = 0;
   std::vector<BurnEntity> BurnTable;
   std::vector<Source> Sources;
-  double ProfileRotation = 0;  // as the turning rule adds it up
-  double Turn = 0;             // the true sum of the turns, radians
+  double ProfileRotation = 0; // as the turning rule adds it up
+  double Turn = 0;            // the true sum of the turns, radians
   bool ProfileOK = false;
-  double ChainTipX = 0, ChainTipY = 0;  // free end (or crossing) when ProfileOK is false, design coordinates
+  double ChainTipX = 0, ChainTipY = 0; // free end (or crossing) when ProfileOK is false, design coordinates
   int DesignEntCount = -1;
   double BurnDist = 0, BurnIncrement = 0;
 };
 
-// Copies the table, turns it off the axes, orders it into one clockwise chain (port on the right hand), inserts the
-// corner arcs and the edge arcs, and clips all to the grain circle.
-// ProfileOK false: the entities do not close within JoinTolerance (mm), or the closed outline crosses itself.
+// Copies the table, turns it off the axes, orders it into one clockwise chain (port on the right hand),
+// inserts the corner arcs and the edge arcs, and clips all to the grain circle. ProfileOK false: the entities
+// do not close within JoinTolerance (mm), or the closed outline crosses itself.
 void Init(Profile &, const EntityTable &, double grainRadius, double joinTolerance);
 
-void SetFeet(const Profile &, BurnEntity &, double from, double to);  // the stretch and what hangs on it
-void SetEnds(const Profile &, BurnEntity &);                          // BurnX1.. from the feet at BurnDist
-
-void TurnPoint(double &x, double &y, double angle);  // about the origin, radians
-double NormalAngle(double);                          // into 0 .. two pi
+void SetFeet(const Profile &, BurnEntity &, double from, double to); // the stretch and what hangs on it
+void SetEnds(const Profile &, BurnEntity &);                         // BurnX1.. from the feet at BurnDist

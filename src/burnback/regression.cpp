@@ -13,12 +13,12 @@ int KindOfPair(const Source &a, const Source &b) {
   return IsLine(a) && IsLine(b) ? LinePair : IsLine(a) || IsLine(b) ? MixedPair : ArcPair;
 }
 
-double WalkTurn(const Source &s) {  // how far the walk turns clockwise along a source
+double WalkTurn(const Source &s) { // how far the walk turns clockwise along a source
   return IsLine(s) ? 0 : s.Side * s.Length;
 }
 
-// Along a stretch of the walk that only turns clockwise, and by no more than half a turn, the outline is convex: its
-// offsets never meet. Such pairs, most of those at joints, need no watching.
+// Along a stretch of the walk that only turns clockwise, and by no more than half a turn, the outline is
+// convex: its offsets never meet. Such pairs, most of those at joints, need no watching.
 std::vector<char> ConvexPairs(const std::vector<Source> &source) {
   const int n = static_cast<int>(source.size());
   std::vector<char> convex(static_cast<std::size_t>(n) * n, 0);
@@ -47,11 +47,12 @@ bool OwnVertex(const std::vector<Source> &source, int of, int by) {
   return s.Next == of || s.Prev == of;
 }
 
-// Whether a source still swallows: one more step than it burns, since a front point may stand up to two steps nearer to
-// it than the burn distance when it is first looked at.
+// Whether a source still swallows: one more step than it burns, since a front point may stand up to two steps
+// nearer to it than the burn distance when it is first looked at.
 bool Swallows(const std::vector<Source> &source, const Source &s, int step) {
   if (s.What != Source::Kind::Point) return s.LastLive >= step - 2;
-  return (s.Prev >= 0 && Swallows(source, source[s.Prev], step)) || (s.Next >= 0 && Swallows(source, source[s.Next], step));
+  return (s.Prev >= 0 && Swallows(source, source[s.Prev], step)) ||
+         (s.Next >= 0 && Swallows(source, source[s.Next], step));
 }
 
 double CheapGap(const Source &of, const Source &by, double d) {
@@ -73,7 +74,8 @@ void LinkEnd(BurnEntity &row, bool toEnd, int by) {
   (toEnd != WalksBackwards(row) ? row.NextLink : row.PrevLink) = static_cast<std::int16_t>(by);
 }
 
-// Keeps of row r only what is left when dead (inside it) has gone; by is the source that took it, -1 the grain circle.
+// Keeps of row r only what is left when dead (inside it) has gone; by is the source that took it, -1 the
+// grain circle.
 void CutRowBy(Regression &g, int r, const Ranges &dead, int by) {
   Profile &p = g.Chain;
   const BurnEntity before = p.BurnTable[r];
@@ -87,7 +89,7 @@ void CutRowBy(Regression &g, int r, const Ranges &dead, int by) {
     if ((left.To[i] - left.From[i]) * scale < g.Tol.Sliver) continue;
     if (at < 0) {
       at = r;
-    } else {  // a pinch: both stretches are real and burn on
+    } else { // a pinch: both stretches are real and burn on
       at = static_cast<int>(p.BurnTable.size());
       p.BurnTable.push_back(before);
       p.BurnTable[at].NextOfSource = p.BurnTable[r].NextOfSource;
@@ -123,7 +125,8 @@ void TrimPairs(Regression &g, int kind) {
         const BurnEntity &row = p.BurnTable[r];
         if (row.BurntOut) continue;
         if (measure) {
-          const double bound = GapBound(a, {row.BurnX1, row.BurnY1, row.BurnX2, row.BurnY2, row.Height * row.Radius}, b, p.BurnDist);
+          const double bound = GapBound(
+              a, {row.BurnX1, row.BurnY1, row.BurnX2, row.BurnY2, row.Height * row.Radius}, b, p.BurnDist);
           gap = std::min(gap, bound);
           if (bound > 0) continue;
         }
@@ -132,7 +135,8 @@ void TrimPairs(Regression &g, int kind) {
       }
       g.Touching[pair] = gap <= 0;
     }
-    WatchPair(g.Watch, kind, pair, g.Step + 1 + static_cast<std::int64_t>(std::clamp(gap / closing, 0.0, 1e9)));
+    WatchPair(g.Watch, kind, pair,
+              g.Step + 1 + static_cast<std::int64_t>(std::clamp(gap / closing, 0.0, 1e9)));
   }
 }
 
@@ -153,7 +157,26 @@ void TrimGrain(Regression &g, bool lines) {
   }
 }
 
-}  // namespace
+// The longer side of the ends at the wall may tell one place twice: of two closer than R/50000 the second is
+// cleared.
+void MergeWallEnds(Regression &g) {
+  Profile &p = g.Chain;
+  const bool second = g.RightCount > g.LeftCount;
+  const auto x = [&](BurnEntity &row) -> double & { return second ? row.CaseX2 : row.CaseX1; };
+  const auto y = [&](BurnEntity &row) -> double & { return second ? row.CaseY2 : row.CaseY1; };
+  const auto known = [&](BurnEntity &row) { return !row.BurntOut && (x(row) != 0 || y(row) != 0); };
+  for (std::size_t i = 0; i < p.BurnTable.size(); ++i)
+    for (std::size_t j = i + 1; j < p.BurnTable.size(); ++j) {
+      BurnEntity &a = p.BurnTable[i], &b = p.BurnTable[j];
+      if (!known(a) || !known(b) || std::hypot(x(a) - x(b), y(a) - y(b)) >= p.GrainRadius / 50000) continue;
+      g.WallAngles += (second ? 1 : -1) * std::atan2(y(b), x(b));
+      --(second ? g.RightCount : g.LeftCount);
+      x(b) = y(b) = 0;
+      if (g.LeftCount == g.RightCount) return;
+    }
+}
+
+} // namespace
 
 void StartRegression(Regression &g, int steps, double step) {
   Profile &p = g.Chain;
@@ -171,21 +194,24 @@ void StartRegression(Regression &g, int steps, double step) {
       const Source &a = p.Sources[of], &b = p.Sources[by];
       double gap = CheapGap(a, b, 0);
       if (gap < 8 * step) gap = GapBound(a, {a.ChordX1, a.ChordY1, a.ChordX2, a.ChordY2, a.Height}, b, 0);
-      WatchPair(g.Watch, KindOfPair(a, b), pair, 1 + static_cast<std::int64_t>(std::clamp(gap / (2 * step), 0.0, 1e9)));
+      WatchPair(g.Watch, KindOfPair(a, b), pair,
+                1 + static_cast<std::int64_t>(std::clamp(gap / (2 * step), 0.0, 1e9)));
     }
   p.BurnDist = p.BurnIncrement = 0;
-  g.Section = TwoPi / 4 * p.GrainRadius * p.GrainRadius;  // whole turns: what is left lies between nothing and the circle
+  g.Section = TwoPi / 4 * p.GrainRadius *
+              p.GrainRadius; // whole turns: what is left lies between nothing and the circle
   UpdateArrays(g);
 }
 
 void GetNewLinePos(Profile &p, BurnEntity &row) {
-  SetEnds(p, row);  // along the left normal of the walk, into the propellant
+  SetEnds(p, row); // along the left normal of the walk, into the propellant
   row.Intercept = row.BurnY1 - row.Slope * row.BurnX1;
 }
 
 void GetNewArcPos(Profile &p, BurnEntity &row) {
   const Source &s = p.Sources[row.Source];
-  const double radius = s.Radius + s.Side * p.BurnDist;  // from the start of the run: a corner's is BurnDist exactly
+  const double radius =
+      s.Radius + s.Side * p.BurnDist; // from the start of the run: a corner's is BurnDist exactly
   if (radius < 1e-9 * p.GrainRadius) {
     RetireRow(row);
     return;
@@ -207,7 +233,8 @@ void TrimFillets(Profile &p) {
     const Source &s = p.Sources[row.Source];
     if (row.To == s.Length && s.Next >= 0) {
       const BurnEntity &arc = p.BurnTable[s.Next];
-      if (!arc.BurntOut && p.Sources[s.Next].What == Source::Kind::Corner && arc.To == p.Sources[s.Next].Length)
+      if (!arc.BurntOut && p.Sources[s.Next].What == Source::Kind::Corner &&
+          arc.To == p.Sources[s.Next].Length)
         row.BurnX2 = arc.BurnX2, row.BurnY2 = arc.BurnY2;
     }
     if (row.From == 0 && s.Prev >= 0) {
@@ -229,7 +256,8 @@ void RemoveFreeEnts(Regression &g) {
     double x, y;
     FrontPoint(s, (row.From + row.To) / 2, p.BurnDist, x, y);
     const bool free = std::any_of(p.Sources.begin(), p.Sources.end(), [&](const Source &other) {
-      return &other != &s && Swallows(p.Sources, other, g.Step) && DistanceWithin(other, x, y, tiny) < p.BurnDist - tiny;
+      return &other != &s && Swallows(p.Sources, other, g.Step) &&
+             DistanceWithin(other, x, y, tiny) < p.BurnDist - tiny;
     });
     if (free) RetireRow(row);
   }
@@ -254,7 +282,7 @@ void UpdateArrays(Regression &g) {
     if (!IsLine(row)) {
       const double w = row.To - row.From, rho = row.Radius;
       if (w < s.Length) {
-        if (row.EntType == CircleType) row.EntType = ArcType;  // the wall or a pinch has opened the circle
+        if (row.EntType == CircleType) row.EntType = ArcType; // the wall or a pinch has opened the circle
         row.StartAngle = NormalAngle(s.Start + row.From);
         row.EndAngle = NormalAngle(s.Start + row.To);
       }
@@ -273,8 +301,9 @@ void UpdateArrays(Regression &g) {
       ++(second ? g.RightCount : g.LeftCount);
     }
   }
-  // Green: the front with the propellant on its left, closed by the wall counter-clockwise from each second end to the
-  // next first end. Whole turns of the wall are settled by what the last step left to burn.
+  if (g.LeftCount != g.RightCount) MergeWallEnds(g);
+  // Green: the front with the propellant on its left, closed by the wall counter-clockwise from each second
+  // end to the next first end. Whole turns of the wall are settled by what the last step left to burn.
   const double R2 = p.GrainRadius * p.GrainRadius, turn = TwoPi / 2 * R2;
   const double expected = g.Section - g.Perimeter * p.BurnIncrement;
   if (g.LeftCount == g.RightCount) {
@@ -292,8 +321,10 @@ void StepFront(Regression &g) {
   for (BurnEntity &row : p.BurnTable) {
     if (row.BurntOut) continue;
     row.CaseFrom = row.CaseTo = false;
-    if (IsLine(row)) GetNewLinePos(p, row);
-    else GetNewArcPos(p, row);
+    if (IsLine(row))
+      GetNewLinePos(p, row);
+    else
+      GetNewArcPos(p, row);
   }
   TrimLines(g);
   TrimLinesArcs(g);
