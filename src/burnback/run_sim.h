@@ -8,7 +8,8 @@
 struct SimulationView {
   BurnRun Run;
   bool ResultMode = false;
-  int ReplayStep = 0; // step drawn under the pointer, 0: none
+  int ReplayStep = 0;          // step drawn under the pointer, 0: none
+  std::size_t SteadyItems = 0; // items of the drawing below the replayed outline
 };
 
 struct SimulationPlace {
@@ -20,12 +21,12 @@ struct SimulationPlace {
 // and marks its place in the drawing. Design::AppDir takes the work files.
 void RunSim2(Design &, Screen &, const SimulationPlace &, SimulationView &);
 
-// Back to design mode: the drawing shows the design again.
-void LeaveResults(const Design &, Screen &, SimulationView &);
+// Back to design mode: the drawing shows the design again. Nothing when result mode is off.
+void LeaveResults(Design &, Screen &, SimulationView &);
 
 // The step under the pointer at `part` (0 to 1) of a chart's width: its outline in the drawing, its values on
 // both charts.
-void ReplayAt(const Design &, Screen &, SimulationView &, double part);
+void ReplayAt(Screen &, SimulationView &, double part);
 
 // The drawing of result mode anew, as after a zoom.
-void RedrawResults(const Design &, Screen &, const SimulationView &);
+void RedrawResults(Design &, Screen &, SimulationView &);

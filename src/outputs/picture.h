@@ -1,5 +1,6 @@
 #pragma once
 #include "burnback/burn_run.h"
+#include "platform/contour_scale.h"
 #include "platform/draw_surface.h"
 
 #include <string>
@@ -13,5 +14,3 @@ std::string WritePicture(const DrawSurface &, PictureForm, int width, int height
 // The picture of a burn: grain circle, propellant, start outline, every SimIncrementDisplay-th outline
 // coloured by burn distance, with a legend in mm.
 std::string WriteBurnPicture(const Design &, const BurnRun &, PictureForm, const std::string &path);
-
-std::uint32_t Viridis(double part); // dark violet, teal, yellow over 0..1; red in the low byte

@@ -39,7 +39,10 @@ struct Workbench {
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm
   bool Panning = false;
-  double PanX = 0, PanY = 0; // the point of the drawing held by a pan, mm
-  bool Ended = false;        // the main window has closed: the process ends
+  double PanX = 0, PanY = 0;    // the point of the drawing held by a pan, mm
+  bool Running = false;         // a run is at work: events wait for its end
+  bool WorkTroubleTold = false; // a recovery file that cannot be written is told once
+  bool Chart2Hidden = false;    // MyChart2_Frame in design mode: a screen too narrow, or no throat
+  bool Ended = false;           // the main window has closed: the process ends
   explicit Workbench(Screen &screen) : Out(screen) {}
 };

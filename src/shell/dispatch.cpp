@@ -1,0 +1,105 @@
+#include "shell/dispatch.h"
+
+#include "base/fault.h"
+#include "drafting/view.h"
+#include "shell/design_view.h"
+#include "shell/dialogs.h"
+#include "shell/file_menu.h"
+#include "shell/refresh_screen.h"
+#include "shell/start_up.h"
+
+namespace {
+
+void SetTheme(Workbench &bench, const char *name) {
+  SaveSetting(bench.Settings, "Settings", "Theme", name);
+  WriteSettings(bench.Settings);
+}
+
+void RunSimulation(Workbench &bench) {
+  bench.Running = true;
+  RunSim2(bench.Grain, bench.Out, {bench.Claim.TempFile, bench.Command.KnBatch}, bench.Sim);
+  bench.Running = false;
+}
+
+void Zoom(Workbench &bench, void (*change)(DrawSurface &)) {
+  change(bench.Out.Panel);
+  RedrawDrawing(bench);
+}
+
+struct PressRow {
+  Ctl Target;
+  void (*Action)(Workbench &);
+};
+constexpr PressRow PressTable[] = {
+    {Ctl::mnuFileNew, NewGrain},
+    {Ctl::tbNew, NewGrain},
+    {Ctl::mnuFileOpen, OpenGrain},
+    {Ctl::tbOpen, OpenGrain},
+    {Ctl::Empty_Open, OpenGrain},
+    {Ctl::mnuFileSave, [](Workbench &b) { SaveGrain(b); }},
+    {Ctl::tbSave, [](Workbench &b) { SaveGrain(b); }},
+    {Ctl::mnuFileSaveAs, [](Workbench &b) { SaveGrainAs(b); }},
+    {Ctl::Recovery_SaveAs, [](Workbench &b) { SaveGrainAs(b); }},
+    {Ctl::Recovery_Discard, DiscardRecovered},
+    {Ctl::mnuRecovered, OpenRecoveredCopy},
+    {Ctl::mnuMRU0, [](Workbench &b) { OpenRecent(b, 0); }},
+    {Ctl::mnuMRU1, [](Workbench &b) { OpenRecent(b, 1); }},
+    {Ctl::mnuMRU2, [](Workbench &b) { OpenRecent(b, 2); }},
+    {Ctl::mnuMRU3, [](Workbench &b) { OpenRecent(b, 3); }},
+    {Ctl::mnuFileExit, [](Workbench &b) { CloseMain(b); }},
+    {Ctl::Zoom_Reset, ShowWholeGrain},
+    {Ctl::Zoom_x2, [](Workbench &b) { Zoom(b, Zoomx2); }},
+    {Ctl::Zoom_1h, [](Workbench &b) { Zoom(b, Zoom1h); }},
+    {Ctl::mnuRefresh, RedrawDrawing},
+    {Ctl::tbRefresh, RedrawDrawing},
+    {Ctl::mnuThemeLight, [](Workbench &b) { SetTheme(b, "Light"); }},
+    {Ctl::mnuThemeDark, [](Workbench &b) { SetTheme(b, "Dark"); }},
+    {Ctl::mnuDims, MenuDimensions},
+    {Ctl::mnuDebugMode, [](Workbench &b) { b.Grain.DebugMode = b.Grain.DebugMode == 0; }},
+    {Ctl::mnuIntro, ShowIntro},
+    {Ctl::mnuAbout, ShowAbout},
+    {Ctl::RunSim2, RunSimulation},
+    {Ctl::Design_Mode, [](Workbench &b) { LeaveResults(b.Grain, b.Out, b.Sim); }},
+};
+
+void Press(Workbench &bench, Ctl target) {
+  if (!bench.Out[target].Enabled) return;
+  for (const PressRow &row : PressTable)
+    if (row.Target == target) return row.Action(bench);
+}
+
+void AboutEvent(Workbench &bench, const Event &event) {
+  if (event.What != Event::Kind::Text) bench.Out[Ctl::frmAbout].Visible = false;
+}
+
+void Route(Workbench &bench, const Event &event) {
+  const std::string_view window = RowOf(event.Target).Window;
+  if (window == "Dimensions") return DimensionsEvent(bench, event);
+  if (window == "IntroPage") return IntroEvent(bench, event);
+  if (window == "frmAbout") return AboutEvent(bench, event);
+  if (event.What == Event::Kind::Drop) return OpenDropped(bench, event.Text);
+  if (event.What == Event::Kind::Close) {
+    CloseMain(bench);
+    return;
+  }
+  if (event.What == Event::Kind::Press) return Press(bench, event.Target);
+  if (event.Target == Ctl::DrawPanel) return PanelEvent(bench, event);
+  if (event.What == Event::Kind::MouseMove && (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
+    ReplayAt(bench.Out, bench.Sim, event.X);
+}
+
+}  // namespace
+
+void Dispatch(Workbench &bench, const Event &event) {
+  if (event.Target == Ctl::Count || bench.Ended) return;
+  if (bench.Running) return;
+  try {
+    Route(bench, event);
+  } catch (const Fault &fault) {
+    bench.Running = false;
+    bench.Out[Ctl::SimMsg].Visible = false;
+    bench.Out.Ask({"Unanticipated error " + std::to_string(fault.Number) + ": " + fault.Text, bench.Out[Ctl::frmMain].Text,
+                   Buttons::Ok, Icon::Exclamation});
+  }
+  RefreshScreen(bench);
+}

@@ -1,0 +1,119 @@
+#include "shell/refresh_screen.h"
+
+#include "base/number_text.h"
+
+#include <array>
+#include <filesystem>
+
+namespace {
+struct HintRow {
+  Ctl Target;
+  const char *Text;
+};
+
+constexpr HintRow Hints[] = {
+    {Ctl::mnuFileNew, "New: an empty grain of the same dimensions (Ctrl+N)"},
+    {Ctl::mnuFileOpen, "Open: a grain file from disk (Ctrl+O)"},
+    {Ctl::mnuFileSave, "Save: the grain under its name (Ctrl+S)"},
+    {Ctl::mnuFileSaveAs, "Save As: the grain under a new name (Ctrl+Shift+S)"},
+    {Ctl::mnuRecovered, "Opens the copy kept of a design that was open when the program last ended without closing"},
+    {Ctl::mnuFileExit, "Exit: closes the program"},
+    {Ctl::Zoom_Reset, "Zoom to Grain: the whole grain circle"},
+    {Ctl::Zoom_x2, "Zoom In x2: about the centre of the view"},
+    {Ctl::Zoom_1h, "Zoom Out x1/2: about the centre of the view"},
+    {Ctl::mnuRefresh, "Refresh: draws everything again"},
+    {Ctl::mnuDims, "Dimensions: diameter, length, throat and burning ends of the grain"},
+    {Ctl::mnuDebugMode, "Debug Mode: shows more about faults"},
+    {Ctl::mnuIntro, "Introduction: the first page again"},
+    {Ctl::tbNew, "New: an empty grain of the same dimensions (Ctrl+N)"},
+    {Ctl::tbOpen, "Open: a grain file from disk (Ctrl+O)"},
+    {Ctl::tbSave, "Save: the grain under its name (Ctrl+S)"},
+    {Ctl::tbRefresh, "Refresh: draws everything again"},
+    {Ctl::RunSim2, "Run Sim: burns the grain and shows its areas, Kn and outlines"},
+    {Ctl::Design_Mode, "Back to Design Mode: the drawing can be changed again"},
+    {Ctl::Recovery_SaveAs, "Saves the recovered design under a name of your choice"},
+    {Ctl::Recovery_Discard, "Starts empty; the recovered copy stays in the File menu"},
+    {Ctl::Empty_Open, "Opens a grain file (Ctrl+O)"},
+};
+
+// Controls whose subsystem is not part of this version: they stand in their place, greyed.
+constexpr Ctl Unavailable[] = {
+    Ctl::mnuImport,       Ctl::Export_DXF,     Ctl::Save_Results,   Ctl::mnuEditUndo,   Ctl::mnuEditRedo,
+    Ctl::Zoom_Window,     Ctl::mnuOptions,     Ctl::mnuGrid,        Ctl::mnuIncrements, Ctl::PEP_Simulation,
+    Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,    Ctl::tbUndo,        Ctl::tbRedo,
+    Ctl::tbBack,          Ctl::tbEscape,       Ctl::tbRotationDraw, Ctl::tbTemplates,   Ctl::tbTutor,
+    Ctl::tbConfigure,     Ctl::tb3DRender,     Ctl::tb2DPlot,       Ctl::tb3DConfig,    Ctl::Performance_Sim,
+    Ctl::Empty_Circle,    Ctl::Empty_Template,
+};
+
+constexpr Ctl ResultControls[] = {Ctl::Report_Frame,  Ctl::Burn_Area,       Ctl::Kn_Ratio,    Ctl::Ap_At_Ratio,
+                                  Ctl::Volume_Loadings, Ctl::Sliver_Fraction, Ctl::Neutrallity, Ctl::Design_Mode,
+                                  Ctl::Performance_Sim};
+constexpr Ctl DesignControls[] = {Ctl::Tools_Frame,       Ctl::Motor_Dimensions, Ctl::Grain_Diam_Label,
+                                  Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label, Ctl::Ends_Exposed_Label};
+
+std::string Figure(double mm) { return PlainText(static_cast<float>(mm)); }
+
+void DimensionLabels(Screen &out, const GrainDoc &doc) {
+  out[Ctl::Grain_Diam_Label].Text = "Grain Diameter: " + Figure(doc.GrainDiam);
+  out[Ctl::Grain_Length_Label].Text = "Grain Length: " + PlainText(doc.GrainLength);
+  out[Ctl::Throat_Diam_Label].Text = "Throat Diameter: " + PlainText(doc.ThroatDiam);
+  out[Ctl::Ends_Exposed_Label].Text = std::string("End A: ") + (doc.EndsExposed & 1 ? "Yes" : "No") +
+                                      (doc.EndsExposed & 2 ? "    End B: Yes" : "    End B: No");
+}
+
+void RecentEntries(Workbench &bench) {
+  constexpr std::array<Ctl, 4> entry{Ctl::mnuMRU0, Ctl::mnuMRU1, Ctl::mnuMRU2, Ctl::mnuMRU3};
+  for (std::size_t i = 0; i < entry.size(); ++i) {
+    Control &shown = bench.Out[entry[i]];
+    shown.Visible = i < bench.Recent.Entry.size();
+    shown.Text = shown.Visible ? bench.Recent.Entry[i].Caption : "";
+    shown.Hint = shown.Visible ? bench.Recent.Entry[i].Path : "";
+  }
+  Control &copy = bench.Out[Ctl::mnuRecovered];
+  copy.Visible = !bench.Recovered.CopyPath.empty();
+  copy.Text = std::filesystem::path(bench.Recovered.CopyPath).stem().string();
+}
+
+void RecoveryControls(Workbench &bench) {
+  Screen &out = bench.Out;
+  for (const Ctl c : {Ctl::RecoveryBar, Ctl::Recovery_SaveAs, Ctl::Recovery_Discard})
+    out[c].Visible = bench.Recovered.Open;
+  out[Ctl::RecoveryBar].Text = "The program last ended without closing. Its design stands here again; a copy is kept as " +
+                               std::filesystem::path(bench.Recovered.CopyPath).filename().string() + ".";
+}
+
+void ModeControls(Workbench &bench) {
+  Screen &out = bench.Out;
+  const bool results = bench.Sim.ResultMode;
+  for (const Ctl c : ResultControls) out[c].Visible = results;
+  for (const Ctl c : DesignControls) out[c].Visible = !results;
+  out[Ctl::RunSim2].Enabled = out[Ctl::mnuDims].Enabled = !results;
+  if (results)
+    for (const Ctl c : {Ctl::RunSim2, Ctl::mnuDims}) out[c].Hint = "Go back to design mode first";
+  // In design mode the charts keep the last run's curves at a smaller size; before a run there is nothing to show.
+  const bool wide1 = out.PixelWidth >= 768, wide2 = out.PixelWidth >= 1024 && !bench.Chart2Hidden;
+  out[Ctl::MyChart1_Frame].Visible = results || (wide1 && !out.MyChart1.Series.empty());
+  out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
+  const bool empty = bench.Grain.Table.EntCount < 0 && !results;
+  for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template}) out[c].Visible = empty;
+}
+}  // namespace
+
+void RefreshScreen(Workbench &bench) {
+  Screen &out = bench.Out;
+  for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
+  for (const Ctl c : Unavailable) {
+    out[c].Enabled = false;
+    out[c].Hint = "Not available in this version";
+  }
+  out[Ctl::frmMain].Text = "Morvandel - " + bench.Caption;
+  const bool dark = GetSetting(bench.Settings, "Settings", "Theme", out.SystemIsDark ? "Dark" : "Light") == "Dark";
+  out[Ctl::mnuThemeDark].Checked = dark;
+  out[Ctl::mnuThemeLight].Checked = !dark;
+  out[Ctl::mnuDebugMode].Checked = bench.Grain.DebugMode != 0;
+  DimensionLabels(out, bench.Grain.Doc);
+  RecentEntries(bench);
+  RecoveryControls(bench);
+  ModeControls(bench);
+}
