@@ -9,6 +9,9 @@
 #include <QPalette>
 #include <QSvgRenderer>
 
+// Resources of a static library must be taken in by name, outside any namespace.
+static void TakeInResources() { Q_INIT_RESOURCE(desktop); }
+
 namespace {
 class SvgIconEngine final : public QIconEngine {
 public:
@@ -50,6 +53,7 @@ private:
 };
 
 QByteArray SourceOf(const QString &name) {
+  TakeInResources();
   QFile file(":/icons/" + name + ".svg");
   if (!file.open(QIODevice::ReadOnly)) qFatal("no icon %s", qPrintable(name));
   return file.readAll();
