@@ -84,6 +84,9 @@ QWidget *BuildReportPane(Bindings &bindings) {
   } Figures[] = {{Ctl::Burn_Area, "Max Burn Area", "mm\u00b2"}, {Ctl::Kn_Ratio, "Max Kn Ratio", ""},
                  {Ctl::Ap_At_Ratio, "Ap/At Ratio", ""},         {Ctl::Volume_Loadings, "Volume Loading", ""},
                  {Ctl::Sliver_Fraction, "Sliver Fraction", ""}, {Ctl::Neutrallity, "Neutrality", ""}};
+  // Fifteen digits, as the figures without a fixed form have.
+  const int room = QFontMetrics(TypeFont(Type::Large)).horizontalAdvance("00000.000") +
+                   QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("00000000") + 40;
   auto *pane = new QWidget;
   auto *column = new QVBoxLayout(pane);
   column->setContentsMargins(16, 14, 16, 16);
@@ -97,7 +100,7 @@ QWidget *BuildReportPane(Bindings &bindings) {
   }
   column->addStretch();
   column->addWidget(Button(bindings, Ctl::Performance_Sim));
-  return Bind(bindings, Ctl::Report_Frame, Scrolled(pane, 212));
+  return Bind(bindings, Ctl::Report_Frame, Scrolled(pane, room));
 }
 
 QWidget *BuildSidePane(Bindings &bindings) {

@@ -46,4 +46,10 @@ public:
 };
 } // namespace
 
-QStyle *MakeWindowStyle() { return new WindowStyle; }
+// The pictures lie in a static library, whose resources do not register themselves.
+static void RegisterPictures() { Q_INIT_RESOURCE(desktop); }
+
+QStyle *MakeWindowStyle() {
+  RegisterPictures();
+  return new WindowStyle;
+}

@@ -1,4 +1,4 @@
 #pragma once
 class QStyle;
 
-QStyle *MakeWindowStyle(); // Fusion with our icons and habits; the caller owns it
+QStyle *MakeWindowStyle(); // Fusion with our icons and habits; made before any window; the caller owns it

@@ -1,4 +1,4 @@
-# Real mouse and key events on the real window, under a display of its own.
+#Real mouse and key events on the real window, under a display of its own.
 find_package(Qt6 REQUIRED COMPONENTS Test)
 find_program(XVFB_RUN xvfb-run)
 file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/desktop/*.cpp)

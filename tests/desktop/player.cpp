@@ -17,6 +17,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
+#include <QWheelEvent>
 #include <QWindow>
 #include <map>
 #include <memory>
@@ -115,6 +116,8 @@ Outcome NameFile(const QString &path) {
   auto *dialog = qobject_cast<QFileDialog *>(Front());
   auto *field = dialog ? dialog->findChild<QLineEdit *>() : nullptr;
   if (!field) return {Step::Later, "no file dialog"};
+  Click(*field, field->rect().center());
+  QTest::keyClick(dialog->windowHandle(), Qt::Key_A, Qt::ControlModifier);
   field->setText(path);
   QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
   return {};
@@ -135,7 +138,10 @@ Outcome Mouse(const QString &verb, QWidget &widget, const QStringList &word) {
   if (word.size() < 4) return {Step::Wrong, "no place"};
   const Place place = PlaceOf(widget, {word[2].toDouble(), word[3].toDouble()});
   if (verb == "wheel") {
-    QTest::wheelEvent(place.Window, place.At, QPoint(0, static_cast<int>(word.value(4).toDouble() * 120)));
+    QWheelEvent wheel(place.At, place.Window->mapToGlobal(place.At), {},
+                      QPoint(0, static_cast<int>(word.value(4).toDouble() * 120)), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(place.Window, &wheel);
     return {};
   }
   const Qt::MouseButton button = word.value(4) == "middle"  ? Qt::MiddleButton
