@@ -210,8 +210,8 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
 ReportText FormatReport(const BurnRun &run) {
   ReportText text;
   text.Burn_Area = FormatMask(run.MaxBurnArea, "#####.##");
-  text.Kn_Ratio = run.HasThroat ? PlainText(run.MaxKn) : "N/A";
-  text.Ap_At_Ratio = run.HasThroat ? PlainText(run.ApAt) : "N/A";
+  text.Kn_Ratio = run.HasThroat ? PlainText(static_cast<float>(run.MaxKn)) : "N/A";
+  text.Ap_At_Ratio = run.HasThroat ? PlainText(static_cast<float>(run.ApAt)) : "N/A";
   text.Volume_Loadings = FormatMask(run.VolumeLoading, "0.0%");
   text.Sliver_Fraction = run.HasSliver ? FormatMask(run.SliverFraction, "0.0%") : "N/A";
   text.Neutrallity = FormatMask(run.Neutrality, "0.0%");

@@ -11,7 +11,11 @@
 namespace {
 
 constexpr std::uint32_t Red = 255, Blue = 255 << 16;
-constexpr std::uint32_t CoreFill = 0x0080FF, EndsFill = 0xC08000, KnFill = 0x60A000;  // orange, blue, green
+constexpr std::uint32_t Rgb(std::uint32_t r, std::uint32_t g, std::uint32_t b) {
+  return r | g << 8 | b << 16;
+}
+constexpr std::uint32_t CoreFill = Rgb(255, 200, 180), EndsFill = Rgb(180, 235, 235),
+                        KnFill = Rgb(200, 255, 180);
 
 void DrawOutline(DrawSurface &panel, const SimStepTable &steps, int step, Ink role, std::uint32_t colour) {
   for (std::size_t i = steps.Start[step - 1]; i < steps.Start[step]; ++i) {
@@ -38,7 +42,8 @@ void MarkCircle(DrawSurface &panel, double x, double y, double radius) {
   Draw(panel, mark);
 }
 
-// The places of a refusal: the open end (or crossing) large, the crossings of the failing scan line by their order.
+// The places of a refusal: the open end (or crossing) large, the crossings of the failing scan line by their
+// order.
 void MarkRefusal(DrawSurface &panel, const BurnRefusal &refusal, double grainRadius) {
   for (std::size_t i = 0; i < refusal.MarkX.size(); ++i)
     MarkCircle(panel, refusal.MarkX[i], refusal.MarkY[i], 0.05 * static_cast<double>(i + 1));
@@ -90,7 +95,7 @@ void Restart(Screen &screen, SimulationView &view) {
   screen[Ctl::MyChart2_Frame].Text = RowOf(Ctl::MyChart2_Frame).Text;
 }
 
-}  // namespace
+} // namespace
 
 void RedrawResults(Design &design, Screen &screen, SimulationView &view) {
   DrawSurface &panel = screen.Panel;

@@ -23,7 +23,9 @@ int Fail(int code, const std::string &words) {
 
 // The dimensions given take the place of the file's. The trouble, or empty.
 std::string ApplyArguments(const BurnArguments &a, GrainDoc &doc) {
-  const auto bad = [](const char *option, const char *expected) { return fmt::format("{}: expected {}", option, expected); };
+  const auto bad = [](const char *option, const char *expected) {
+    return fmt::format("{}: expected {}", option, expected);
+  };
   const auto fits = [](double v) { return std::isfinite(v) && v <= 1e6; };
   if (a.HasDiameter && !(a.Diameter > 0 && fits(a.Diameter))) return bad("--diameter", "millimetres above 0");
   if (a.HasLength && !(a.Length >= 0 && fits(a.Length))) return bad("--length", "millimetres, 0 or more");
@@ -39,11 +41,13 @@ std::string ApplyArguments(const BurnArguments &a, GrainDoc &doc) {
 }
 
 std::string TableText(const BurnRun &run) {
-  std::string text = "burn_distance_mm,perimeter_mm,port_area_mm2,core_area_mm2,ends_area_mm2,total_area_mm2,kn\n";
+  std::string text =
+      "burn_distance_mm,perimeter_mm,port_area_mm2,core_area_mm2,ends_area_mm2,total_area_mm2,kn\n";
   for (int i = 0; i < run.RowsReached; ++i) {
     const RowFigures &row = run.Figures[i];
-    for (const double v : {run.StepDist[i], run.StepPerimeter[i], Pi * run.GrainRadius * run.GrainRadius - run.StepSection[i],
-                           row.CoreArea, row.EndsArea, row.CoreArea + row.EndsArea})
+    for (const double v :
+         {run.StepDist[i], run.StepPerimeter[i], Pi * run.GrainRadius * run.GrainRadius - run.StepSection[i],
+          row.CoreArea, row.EndsArea, row.CoreArea + row.EndsArea})
       text += PlainText(v) + ',';
     text += (run.HasThroat ? PlainText(row.Kn) : "") + '\n';
   }
@@ -53,13 +57,14 @@ std::string TableText(const BurnRun &run) {
 std::string Json(const GrainDoc &doc, const BurnRun &run) {
   const auto number = [](double v) { return PlainText(v); };
   const auto orNull = [&](bool known, double v) { return known ? number(v) : std::string("null"); };
-  return fmt::format("{{\n  \"max_burn_area_mm2\": {},\n  \"max_kn\": {},\n  \"ap_at\": {},\n  \"volume_loading\": {},\n"
-                     "  \"sliver_fraction\": {},\n  \"neutrality\": {},\n  \"web_mm\": {},\n  \"burn_end_mm\": {},\n"
-                     "  \"steps\": {},\n  \"propellant_volume_mm3\": {},\n  \"section_check\": {}\n}}\n",
-                     number(run.MaxBurnArea), orNull(run.HasThroat, run.MaxKn), orNull(run.HasThroat, run.ApAt),
-                     number(run.VolumeLoading), orNull(run.HasSliver, run.SliverFraction), number(run.Neutrality),
-                     run.TouchDist == -1 ? "null" : PlainText(run.TouchDist), number(run.LastLiveDist), run.StepCount,
-                     number(run.Section * doc.GrainLength), number(run.SectionCheck));
+  return fmt::format(
+      "{{\n  \"max_burn_area_mm2\": {},\n  \"max_kn\": {},\n  \"ap_at\": {},\n  \"volume_loading\": {},\n"
+      "  \"sliver_fraction\": {},\n  \"neutrality\": {},\n  \"web_mm\": {},\n  \"burn_end_mm\": {},\n"
+      "  \"steps\": {},\n  \"propellant_volume_mm3\": {},\n  \"section_check\": {}\n}}\n",
+      number(run.MaxBurnArea), orNull(run.HasThroat, run.MaxKn), orNull(run.HasThroat, run.ApAt),
+      number(run.VolumeLoading), orNull(run.HasSliver, run.SliverFraction), number(run.Neutrality),
+      run.TouchDist == -1 ? "null" : PlainText(run.TouchDist), number(run.LastLiveDist), run.StepCount,
+      number(run.Section * doc.GrainLength), number(run.SectionCheck));
 }
 
 std::string Report(const BurnArguments &a, const GrainDoc &doc, const BurnRun &run) {
@@ -69,16 +74,18 @@ std::string Report(const BurnArguments &a, const GrainDoc &doc, const BurnRun &r
     return fmt::format("  {:<22}{:>14}{}{}\n", name, value, *unit ? " " : "", unit);
   };
   const auto short6 = [](double v) { return fmt::format("{:.6g}", v); };
-  std::string out = fmt::format("{}\n  grain {} x {} mm, throat {} mm, burning ends: {}\n\n",
-                                std::filesystem::path(a.File).filename().string(), PlainText(2 * doc.GrainRadius),
-                                PlainText(doc.GrainLength), PlainText(doc.ThroatDiam), ends[doc.EndsExposed & 3]);
+  std::string out =
+      fmt::format("{}\n  grain {} x {} mm, throat {} mm, burning ends: {}\n\n",
+                  std::filesystem::path(a.File).filename().string(), PlainText(2 * doc.GrainRadius),
+                  PlainText(doc.GrainLength), PlainText(doc.ThroatDiam), ends[doc.EndsExposed & 3]);
   out += line("Max burn area", text.Burn_Area, "mm2");
   out += line("Max Kn", run.HasThroat ? short6(run.MaxKn) : text.Kn_Ratio, "");
   out += line("Ap/At", run.HasThroat ? short6(run.ApAt) : text.Ap_At_Ratio, "");
   out += line("Volume loading", text.Volume_Loadings, "");
   out += line("Sliver fraction", text.Sliver_Fraction, "");
   out += line("Neutrality", text.Neutrallity, "");
-  out += line("Web (wall contact)", run.TouchDist == -1 ? "N/A" : PlainText(run.TouchDist), run.TouchDist == -1 ? "" : "mm");
+  out += line("Web (wall contact)", run.TouchDist == -1 ? "N/A" : PlainText(run.TouchDist),
+              run.TouchDist == -1 ? "" : "mm");
   out += line("End of burn", short6(run.LastLiveDist), "mm");
   out += line("Steps", std::to_string(run.StepCount), "");
   out += line("Propellant volume", fmt::format("{:.2f}", run.InitialVolume / 1000), "cm3");
@@ -93,7 +100,8 @@ struct ProgressLine {
   bool Terminal = ::isatty(STDERR_FILENO) != 0;
   bool operator()(double part) {
     const int percent = static_cast<int>(100 * part);
-    if (Terminal && percent != Shown && std::chrono::steady_clock::now() - Began > std::chrono::milliseconds(500)) {
+    if (Terminal && percent != Shown &&
+        std::chrono::steady_clock::now() - Began > std::chrono::milliseconds(500)) {
       Shown = percent;
       fmt::print(stderr, "\rburning {:3d} %", percent);
     }
@@ -104,7 +112,7 @@ struct ProgressLine {
   }
 };
 
-}  // namespace
+} // namespace
 
 int BurnCommand(const BurnArguments &a) {
   Design design;
@@ -116,7 +124,8 @@ int BurnCommand(const BurnArguments &a) {
   BurnOptions options;
   options.Step = a.HasStep ? a.Step : 0;
   if (!a.WorkDir.empty()) {
-    if (!std::filesystem::is_directory(a.WorkDir)) return Fail(BadUse, a.WorkDir + ": there is no such folder");
+    if (!std::filesystem::is_directory(a.WorkDir))
+      return Fail(BadUse, a.WorkDir + ": there is no such folder");
     options.WorkFolder = a.WorkDir + "/";
   }
   Outputs outputs;
@@ -144,8 +153,10 @@ int BurnCommand(const BurnArguments &a) {
     if (trouble.empty() && !path.empty()) trouble = FillOutput(outputs, path, write);
   };
   fill(a.Table, [&](const std::string &draft) { return WriteWhole(draft, TableText(run)); });
-  fill(a.Svg, [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Svg, draft); });
-  fill(a.Png, [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Png, draft); });
+  fill(a.Svg,
+       [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Svg, draft); });
+  fill(a.Png,
+       [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Png, draft); });
   if (trouble.empty()) trouble = MoveIntoPlace(outputs);
   if (!trouble.empty()) return Fail(BadUse, trouble);
   fmt::print("{}", a.Json ? Json(design.Doc, run) : Report(a, design.Doc, run));

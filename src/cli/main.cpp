@@ -27,7 +27,7 @@ bool IsOwnCommandLine(const std::vector<std::string> &arguments) {
   return false;
 }
 
-}  // namespace
+} // namespace
 
 int main(int argc, char **argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
@@ -36,18 +36,22 @@ int main(int argc, char **argv) {
   CLI::App app{"Morvandel - Solid Motor Geometry Simulator, without its window"};
   app.set_version_flag("--version", "Morvandel " MORVANDEL_VERSION);
   app.require_subcommand(1);
-  app.footer("A batch Kn run:  morvandel-cli [FILE.mvd] /Kn Gd=MM Gl=MM Ea=0|1 Eb=0|1 Td=MM\n"
-             "Exit codes: 0 done, 1 refused (open or crossing outline), 2 bad use, bad file or unwritable target.");
+  app.footer(
+      "A batch Kn run:  morvandel-cli [FILE.mvd] /Kn Gd=MM Gl=MM Ea=0|1 Eb=0|1 Td=MM\n"
+      "Exit codes: 0 done, 1 refused (open or crossing outline), 2 bad use, bad file or unwritable target.");
 
   BurnArguments burn;
   CLI::App *const command = app.add_subcommand("burn", "burn a grain file: report, step table, picture");
   command->add_option("FILE.mvd", burn.File, "grain file")->required();
-  CLI::Option *const diameter = command->add_option("--diameter", burn.Diameter, "grain diameter, mm (changes the circle only)");
+  CLI::Option *const diameter =
+      command->add_option("--diameter", burn.Diameter, "grain diameter, mm (changes the circle only)");
   CLI::Option *const length = command->add_option("--length", burn.Length, "grain length, mm");
-  CLI::Option *const throat = command->add_option("--throat", burn.Throat, "nozzle throat diameter, mm; 0: no Kn");
-  CLI::Option *const ends =
-      command->add_option("--ends", burn.Ends, "burning ends")->check(CLI::IsMember({"none", "A", "B", "AB"}));
-  CLI::Option *const step = command->add_option("--step", burn.Step, "burn step, mm (else a thousandth of the radius)");
+  CLI::Option *const throat =
+      command->add_option("--throat", burn.Throat, "nozzle throat diameter, mm; 0: no Kn");
+  CLI::Option *const ends = command->add_option("--ends", burn.Ends, "burning ends")
+                                ->check(CLI::IsMember({"none", "A", "B", "AB"}));
+  CLI::Option *const step =
+      command->add_option("--step", burn.Step, "burn step, mm (else a thousandth of the radius)");
   command->add_option("--workdir", burn.WorkDir, "folder for the work files GraphicFile and CheckFile");
   command->add_option("--table", burn.Table, "write the step table (CSV)");
   command->add_option("--svg", burn.Svg, "write the picture of the burn as SVG");

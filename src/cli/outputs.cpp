@@ -27,7 +27,8 @@ std::string PlanOutput(Outputs &outputs, const std::string &path) {
   return {};
 }
 
-std::string FillOutput(Outputs &outputs, const std::string &path, const std::function<std::string(const std::string &)> &write) {
+std::string FillOutput(Outputs &outputs, const std::string &path,
+                       const std::function<std::string(const std::string &)> &write) {
   for (const Outputs::Target &t : outputs.All) {
     if (t.Path != path) continue;
     std::string trouble = write(t.Draft);
@@ -40,14 +41,16 @@ std::string FillOutput(Outputs &outputs, const std::string &path, const std::fun
 std::string MoveIntoPlace(Outputs &outputs) {
   for (const Outputs::Target &t : outputs.All) {
     std::error_code problem;
-    if (fs::exists(t.Path, problem) && !fs::is_regular_file(t.Path, problem)) {  // a pipe or a device is written straight
+    if (fs::exists(t.Path, problem) &&
+        !fs::is_regular_file(t.Path, problem)) { // a pipe or a device is written straight
       std::string bytes;
       std::string trouble = ReadWhole(t.Draft, bytes);
       if (trouble.empty()) trouble = WriteWhole(t.Path, bytes);
       if (!trouble.empty()) return trouble;
       continue;
     }
-    fs::rename(t.Draft, fs::exists(t.Path, problem) ? fs::canonical(t.Path, problem) : fs::path(t.Path), problem);
+    fs::rename(t.Draft, fs::exists(t.Path, problem) ? fs::canonical(t.Path, problem) : fs::path(t.Path),
+               problem);
     if (problem) return t.Path + ": " + problem.message();
   }
   return {};

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-// Output files that appear together or not at all: each is written beside its place first, and all are moved into
-// place at the end. Dropping the record without MoveIntoPlace leaves every target as it was.
+// Output files that appear together or not at all: each is written beside its place first, and all are moved
+// into place at the end. Dropping the record without MoveIntoPlace leaves every target as it was.
 struct Outputs {
   struct Target {
     std::string Path, Draft;
@@ -16,8 +16,10 @@ struct Outputs {
   ~Outputs();
 };
 
-// Makes the (still empty) draft of a target, so that an unwritable one is found before any work. The trouble, or empty.
+// Makes the (still empty) draft of a target, so that an unwritable one is found before any work. The trouble,
+// or empty.
 std::string PlanOutput(Outputs &, const std::string &path);
 // Fills the draft through write(draft path); the trouble then names the target.
-std::string FillOutput(Outputs &, const std::string &path, const std::function<std::string(const std::string &)> &write);
+std::string FillOutput(Outputs &, const std::string &path,
+                       const std::function<std::string(const std::string &)> &write);
 std::string MoveIntoPlace(Outputs &);

@@ -10,7 +10,8 @@ constexpr int MiddleButton = 4;
 constexpr double NotchFactor = 1.25;
 
 void PointerStatus(Workbench &bench) {
-  bench.Out[Ctl::sbStatusBar].Text = "X:" + FormatMask(bench.PointerX, "0.000") + "  Y:" + FormatMask(bench.PointerY, "0.000") +
+  bench.Out[Ctl::sbStatusBar].Text = "X:" + FormatMask(bench.PointerX, "0.000") +
+                                     "  Y:" + FormatMask(bench.PointerY, "0.000") +
                                      "    [Right Mouse Button] Back Step     [Esc] Exit Function ";
 }
 
@@ -25,11 +26,13 @@ void PointerMoved(Workbench &bench, const Event &event) {
   bench.PointerY = event.Y;
   PointerStatus(bench);
 }
-}  // namespace
+} // namespace
 
 void RedrawDrawing(Workbench &bench) {
-  if (bench.Sim.ResultMode) RedrawResults(bench.Grain, bench.Out, bench.Sim);
-  else Redraw(bench.Out.Panel, bench.Grain);
+  if (bench.Sim.ResultMode)
+    RedrawResults(bench.Grain, bench.Out, bench.Sim);
+  else
+    Redraw(bench.Out.Panel, bench.Grain);
 }
 
 void ShowWholeGrain(Workbench &bench) {

@@ -108,9 +108,9 @@ void CloseIntro(Workbench &bench) {
   RecordWriter record;
   Put(record, answer);
   EndRecord(record);
-  WriteWhole(IntroFile(bench), record.Bytes);  // when it fails the page comes again, no more
+  WriteWhole(IntroFile(bench), record.Bytes); // when it fails the page comes again, no more
 }
-}  // namespace
+} // namespace
 
 void LoadDimensions(Workbench &bench) {
   bench.Dialog = {};
@@ -141,8 +141,10 @@ void ScaleEntities(EntityTable &table, double factor) {
   for (int i = 0; i <= table.EntCount; ++i) {
     Entity &e = RowAt(table, i);
     for (double *value : {&e.X1, &e.Y1, &e.X2, &e.Y2, &e.CenterX, &e.CenterY}) *value *= factor;
-    if (e.EntType == LineType) SetLineSlope(e);
-    else e.Radius *= factor;
+    if (e.EntType == LineType)
+      SetLineSlope(e);
+    else
+      e.Radius *= factor;
   }
 }
 
@@ -155,9 +157,11 @@ void MenuDimensions(Workbench &bench) {
     // Compared as the file keeps them: a field that only repeats the 7 digits shown is no change.
     const bool resized = grain.Doc.GrainRadius != before.GrainRadius;
     const bool changed = resized || grain.Doc.GrainLength != before.GrainLength ||
-                         grain.Doc.ThroatDiam != before.ThroatDiam || grain.Doc.EndsExposed != before.EndsExposed;
+                         grain.Doc.ThroatDiam != before.ThroatDiam ||
+                         grain.Doc.EndsExposed != before.EndsExposed;
     if (resized && grain.Table.EntCount >= 0 &&
-        bench.Out.Ask({"Scale Core Entities with Grain Diameter?", "", Buttons::YesNo, Icon::None}) == Answer::Yes) {
+        bench.Out.Ask({"Scale Core Entities with Grain Diameter?", "", Buttons::YesNo, Icon::None}) ==
+            Answer::Yes) {
       const double factor = grain.Doc.GrainDiam / bench.Dialog.DiameterBefore;
       ScaleEntities(grain.Table, factor);
       for (int i = 0; i <= grain.Table.EntCount; ++i) RowAt(grain.Table, i).Selected = false;
@@ -189,10 +193,11 @@ bool IntroWanted(const Workbench &bench) {
 
 void ShowIntro(Workbench &bench) {
   Screen &out = bench.Out;
-  out[Ctl::Intro_Text].Text =
-      "Morvandel burns the grain you draw. Give its overall dimensions, draw the outline of the core inside the grain "
-      "circle or open a grain, then press RUN SIM: the burn area, the Kn ratio and the outline at every distance "
-      "follow at once.";
+  out[Ctl::Intro_Text].Text = "Morvandel burns the grain you draw. Give its overall dimensions, draw the "
+                              "outline of the core inside the grain "
+                              "circle or open a grain, then press RUN SIM: the burn area, the Kn ratio and "
+                              "the outline at every distance "
+                              "follow at once.";
   out[Ctl::Intro_DontShow].Checked = !IntroWanted(bench);
   const bool shipped = !ExamplePath(bench.Folders).empty();
   out[Ctl::Intro_Example].Enabled = shipped;
@@ -204,8 +209,9 @@ void ShowIntro(Workbench &bench) {
 }
 
 void IntroEvent(Workbench &bench, const Event &event) {
-  const bool close = event.What == Event::Kind::Close ||
-                     (event.What == Event::Kind::Key && (event.KeyCode == EnterKey || event.KeyCode == EscapeKey));
+  const bool close =
+      event.What == Event::Kind::Close ||
+      (event.What == Event::Kind::Key && (event.KeyCode == EnterKey || event.KeyCode == EscapeKey));
   if (close) CloseIntro(bench);
   if (event.What != Event::Kind::Press) return;
   switch (event.Target) {

@@ -84,11 +84,12 @@ void Route(Workbench &bench, const Event &event) {
   }
   if (event.What == Event::Kind::Press) return Press(bench, event.Target);
   if (event.Target == Ctl::DrawPanel) return PanelEvent(bench, event);
-  if (event.What == Event::Kind::MouseMove && (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
+  if (event.What == Event::Kind::MouseMove &&
+      (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
     ReplayAt(bench.Out, bench.Sim, event.X);
 }
 
-}  // namespace
+} // namespace
 
 void Dispatch(Workbench &bench, const Event &event) {
   if (event.Target == Ctl::Count || bench.Ended) return;
@@ -98,8 +99,8 @@ void Dispatch(Workbench &bench, const Event &event) {
   } catch (const Fault &fault) {
     bench.Running = false;
     bench.Out[Ctl::SimMsg].Visible = false;
-    bench.Out.Ask({"Unanticipated error " + std::to_string(fault.Number) + ": " + fault.Text, bench.Out[Ctl::frmMain].Text,
-                   Buttons::Ok, Icon::Exclamation});
+    bench.Out.Ask({"Unanticipated error " + std::to_string(fault.Number) + ": " + fault.Text,
+                   bench.Out[Ctl::frmMain].Text, Buttons::Ok, Icon::Exclamation});
   }
   RefreshScreen(bench);
 }

@@ -45,19 +45,19 @@ void OpenPath(Workbench &bench, const std::string &path) {
   if (!ReadIntoDesign(bench, path)) return;
   KeepRecent(bench, path);
 }
-}  // namespace
+} // namespace
 
 void KeepRecent(Workbench &bench, const std::string &path) {
   TouchRecentFile(bench.Recent, BareName(path), path);
   SaveRecentFiles(bench.Settings, bench.Recent);
-  WriteSettings(bench.Settings);  // a list that cannot be kept is no reason to stop the user
+  WriteSettings(bench.Settings); // a list that cannot be kept is no reason to stop the user
 }
 
 bool SaveFirst(Workbench &bench) {
   if (bench.Grain.SavedFlag || bench.Grain.Table.EntCount < 0) return true;
   switch (bench.Out.Ask(
       {"Save Current Geometry First?", "Save Current Geometry", Buttons::YesNoCancel, Icon::Question})) {
-  case Answer::Yes: return SaveGrainAs(bench);  // a failed or cancelled save must not lose the design
+  case Answer::Yes: return SaveGrainAs(bench); // a failed or cancelled save must not lose the design
   case Answer::No: return true;
   case Answer::Ok:
   case Answer::Cancel: return false;
@@ -74,7 +74,8 @@ void NewGrain(Workbench &bench) {
   grain.Table.EntCount = -1;
   bench.Caption.clear();
   bench.Recovered.Open = false;
-  const float back = grain.Doc.BackColor, lines = grain.Doc.LineColor;  // New reads the first twelve values only
+  const float back = grain.Doc.BackColor,
+              lines = grain.Doc.LineColor; // New reads the first twelve values only
   const std::string trouble = ApplyDefaultFile(grain.AppDir + "DefaultFile", grain);
   grain.Doc.BackColor = back;
   grain.Doc.LineColor = lines;
@@ -110,7 +111,7 @@ void OpenGrain(Workbench &bench) {
   if (!chosen || chosen->empty()) return;
   const std::string path = FullPath(*chosen);
   std::error_code none;
-  if (!std::filesystem::exists(path, none)) {  // a silent end, which leaves the name
+  if (!std::filesystem::exists(path, none)) { // a silent end, which leaves the name
     bench.Grain.CurrentFile = path;
     return;
   }
@@ -124,7 +125,7 @@ void OpenDropped(Workbench &bench, const std::string &path) {
 void OpenRecent(Workbench &bench, std::size_t entry) {
   if (entry >= bench.Recent.Entry.size() || !SaveFirst(bench)) return;
   const RecentFile chosen = bench.Recent.Entry[entry];
-  LeaveResults(bench.Grain, bench.Out, bench.Sim);  // figures of a design that is no longer open would stand
+  LeaveResults(bench.Grain, bench.Out, bench.Sim); // figures of a design that is no longer open would stand
   std::error_code none;
   if (!std::filesystem::exists(chosen.Path, none)) {
     bench.Grain.CurrentFile = chosen.Path;
@@ -148,8 +149,9 @@ std::string ExamplePath(const WorkFolders &folders) {
   for (const auto &file : std::filesystem::directory_iterator(folders.Install + "examples", none))
     if (file.path().extension() == ".mvd") found.push_back(file.path().string());
   std::sort(found.begin(), found.end());
-  const auto star =
-      std::find_if(found.begin(), found.end(), [](const auto &path) { return BareName(path).find("star") != std::string::npos; });
+  const auto star = std::find_if(found.begin(), found.end(), [](const auto &path) {
+    return BareName(path).find("star") != std::string::npos;
+  });
   return star != found.end() ? *star : found.empty() ? "" : found.front();
 }
 
@@ -157,7 +159,7 @@ void OpenExample(Workbench &bench) {
   const std::string path = ExamplePath(bench.Folders);
   if (path.empty() || !SaveFirst(bench)) return;
   LeaveResults(bench.Grain, bench.Out, bench.Sim);
-  if (ReadIntoDesign(bench, path)) bench.Grain.CurrentFile.clear();  // Save asks for a place of the user's own
+  if (ReadIntoDesign(bench, path)) bench.Grain.CurrentFile.clear(); // Save asks for a place of the user's own
 }
 
 void DiscardRecovered(Workbench &bench) { NewGrain(bench); }
@@ -173,7 +175,8 @@ bool SaveGrainAs(Workbench &bench) {
   std::string path = FullPath(*chosen);
   if (std::filesystem::path(path).extension().empty()) {
     path += ".mvd";
-    const std::string question = BareName(path) + " already exists. Replace it?";  // the file dialog saw another name
+    const std::string question =
+        BareName(path) + " already exists. Replace it?"; // the file dialog saw another name
     if (FileExists(path) &&
         bench.Out.Ask({question, "Save As", Buttons::YesNo, Icon::Exclamation}) != Answer::Yes)
       return false;

@@ -3,7 +3,8 @@
 
 #include <string>
 
-// The entries of the File menu. Each asks what it must; a refused or failed one leaves the open design as it was.
+// The entries of the File menu. Each asks what it must; a refused or failed one leaves the open design as it
+// was.
 void NewGrain(Workbench &);
 void OpenGrain(Workbench &);   // asks for the file
 bool SaveGrain(Workbench &);   // false: not saved

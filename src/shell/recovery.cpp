@@ -28,7 +28,8 @@ std::string NewestCopy(const std::string &appDir) {
   std::error_code none;
   for (const auto &file : std::filesystem::directory_iterator(appDir, none)) {
     const std::string name = file.path().filename().string();
-    if (name.starts_with(CopyPrefix) && name.ends_with(".mvd") && appDir + name > newest) newest = appDir + name;
+    if (name.starts_with(CopyPrefix) && name.ends_with(".mvd") && appDir + name > newest)
+      newest = appDir + name;
   }
   return newest;
 }
@@ -56,13 +57,14 @@ void Recover(Workbench &bench, const std::string &left, std::vector<std::string>
   // The design moves to this program's own recovery file.
   if (WriteWorkFile(bench.Claim.TempFile, bench.Grain).empty()) WriteWhole(left, "");
 }
-}  // namespace
+} // namespace
 
 void KeepWorkFile(Workbench &bench) {
   const std::string trouble = WriteWorkFile(bench.Claim.TempFile, bench.Grain);
   if (trouble.empty() || bench.WorkTroubleTold) return;
   bench.WorkTroubleTold = true;
-  bench.Out.Ask({"The design cannot be kept for recovery. " + trouble, "Morvandel", Buttons::Ok, Icon::Exclamation});
+  bench.Out.Ask(
+      {"The design cannot be kept for recovery. " + trouble, "Morvandel", Buttons::Ok, Icon::Exclamation});
 }
 
 void EmptyWorkFile(Workbench &bench) { WriteWhole(bench.Claim.TempFile, ""); }

@@ -16,7 +16,8 @@ constexpr HintRow Hints[] = {
     {Ctl::mnuFileOpen, "Open: a grain file from disk (Ctrl+O)"},
     {Ctl::mnuFileSave, "Save: the grain under its name (Ctrl+S)"},
     {Ctl::mnuFileSaveAs, "Save As: the grain under a new name (Ctrl+Shift+S)"},
-    {Ctl::mnuRecovered, "Opens the copy kept of a design that was open when the program last ended without closing"},
+    {Ctl::mnuRecovered,
+     "Opens the copy kept of a design that was open when the program last ended without closing"},
     {Ctl::mnuFileExit, "Exit: closes the program"},
     {Ctl::Zoom_Reset, "Zoom to Grain: the whole grain circle"},
     {Ctl::Zoom_x2, "Zoom In x2: about the centre of the view"},
@@ -38,18 +39,39 @@ constexpr HintRow Hints[] = {
 
 // Controls whose subsystem is not part of this version: they stand in their place, greyed.
 constexpr Ctl Unavailable[] = {
-    Ctl::mnuImport,       Ctl::Export_DXF,     Ctl::Save_Results,   Ctl::mnuEditUndo,   Ctl::mnuEditRedo,
-    Ctl::Zoom_Window,     Ctl::mnuOptions,     Ctl::mnuGrid,        Ctl::mnuIncrements, Ctl::PEP_Simulation,
-    Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,    Ctl::tbUndo,        Ctl::tbRedo,
-    Ctl::tbBack,          Ctl::tbEscape,       Ctl::tbRotationDraw, Ctl::tbTemplates,   Ctl::tbTutor,
-    Ctl::tbConfigure,     Ctl::tb3DRender,     Ctl::tb2DPlot,       Ctl::tb3DConfig,    Ctl::Performance_Sim,
-    Ctl::Empty_Circle,    Ctl::Empty_Template,
+    Ctl::mnuImport,
+    Ctl::Export_DXF,
+    Ctl::Save_Results,
+    Ctl::mnuEditUndo,
+    Ctl::mnuEditRedo,
+    Ctl::Zoom_Window,
+    Ctl::mnuOptions,
+    Ctl::mnuGrid,
+    Ctl::mnuIncrements,
+    Ctl::PEP_Simulation,
+    Ctl::mnuchoosetemplate,
+    Ctl::mnumaketemplate,
+    Ctl::mnuTutor,
+    Ctl::tbUndo,
+    Ctl::tbRedo,
+    Ctl::tbBack,
+    Ctl::tbEscape,
+    Ctl::tbRotationDraw,
+    Ctl::tbTemplates,
+    Ctl::tbTutor,
+    Ctl::tbConfigure,
+    Ctl::tb3DRender,
+    Ctl::tb2DPlot,
+    Ctl::tb3DConfig,
+    Ctl::Performance_Sim,
+    Ctl::Empty_Circle,
+    Ctl::Empty_Template,
 };
 
-constexpr Ctl ResultControls[] = {Ctl::Report_Frame,  Ctl::Burn_Area,       Ctl::Kn_Ratio,    Ctl::Ap_At_Ratio,
-                                  Ctl::Volume_Loadings, Ctl::Sliver_Fraction, Ctl::Neutrallity, Ctl::Design_Mode,
-                                  Ctl::Performance_Sim};
-constexpr Ctl DesignControls[] = {Ctl::Tools_Frame,       Ctl::Motor_Dimensions, Ctl::Grain_Diam_Label,
+constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
+                                  Ctl::Ap_At_Ratio,  Ctl::Volume_Loadings, Ctl::Sliver_Fraction,
+                                  Ctl::Neutrallity,  Ctl::Design_Mode,     Ctl::Performance_Sim};
+constexpr Ctl DesignControls[] = {Ctl::Tools_Frame,        Ctl::Motor_Dimensions,  Ctl::Grain_Diam_Label,
                                   Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label, Ctl::Ends_Exposed_Label};
 
 std::string Figure(double mm) { return PlainText(static_cast<float>(mm)); }
@@ -79,8 +101,9 @@ void RecoveryControls(Workbench &bench) {
   Screen &out = bench.Out;
   for (const Ctl c : {Ctl::RecoveryBar, Ctl::Recovery_SaveAs, Ctl::Recovery_Discard})
     out[c].Visible = bench.Recovered.Open;
-  out[Ctl::RecoveryBar].Text = "The program last ended without closing. Its design stands here again; a copy is kept as " +
-                               std::filesystem::path(bench.Recovered.CopyPath).filename().string() + ".";
+  out[Ctl::RecoveryBar].Text =
+      "The program last ended without closing. Its design stands here again; a copy is kept as " +
+      std::filesystem::path(bench.Recovered.CopyPath).filename().string() + ".";
 }
 
 void ModeControls(Workbench &bench) {
@@ -91,14 +114,16 @@ void ModeControls(Workbench &bench) {
   out[Ctl::RunSim2].Enabled = out[Ctl::mnuDims].Enabled = !results;
   if (results)
     for (const Ctl c : {Ctl::RunSim2, Ctl::mnuDims}) out[c].Hint = "Go back to design mode first";
-  // In design mode the charts keep the last run's curves at a smaller size; before a run there is nothing to show.
+  // In design mode the charts keep the last run's curves at a smaller size; before a run there is nothing to
+  // show.
   const bool wide1 = out.PixelWidth >= 768, wide2 = out.PixelWidth >= 1024 && !bench.Chart2Hidden;
   out[Ctl::MyChart1_Frame].Visible = results || (wide1 && !out.MyChart1.Series.empty());
   out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
   const bool empty = bench.Grain.Table.EntCount < 0 && !results;
-  for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template}) out[c].Visible = empty;
+  for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
+    out[c].Visible = empty;
 }
-}  // namespace
+} // namespace
 
 void RefreshScreen(Workbench &bench) {
   Screen &out = bench.Out;
@@ -108,7 +133,8 @@ void RefreshScreen(Workbench &bench) {
     out[c].Hint = "Not available in this version";
   }
   out[Ctl::frmMain].Text = "Morvandel - " + bench.Caption;
-  const bool dark = GetSetting(bench.Settings, "Settings", "Theme", out.SystemIsDark ? "Dark" : "Light") == "Dark";
+  const bool dark =
+      GetSetting(bench.Settings, "Settings", "Theme", out.SystemIsDark ? "Dark" : "Light") == "Dark";
   out[Ctl::mnuThemeDark].Checked = dark;
   out[Ctl::mnuThemeLight].Checked = !dark;
   out[Ctl::mnuDebugMode].Checked = bench.Grain.DebugMode != 0;

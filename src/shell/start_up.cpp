@@ -16,8 +16,8 @@ namespace {
 constexpr const char *PlaceKeys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
 
 void HideWindows(Screen &out) {
-  for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout, Ctl::SimMsg,
-                      Ctl::UserPrompt})
+  for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
+                      Ctl::SimMsg, Ctl::UserPrompt})
     out[c].Visible = false;
 }
 
@@ -55,7 +55,7 @@ void FillDimensions(Workbench &bench) {
   ApplyKeys(bench.Command, bench.Grain.Doc);
   PrefillDimensions(bench, shown);
 }
-}  // namespace
+} // namespace
 
 bool StartUp(Workbench &bench, const WorkFolders &folders, const CommandLine &line) {
   Screen &out = bench.Out;
@@ -72,7 +72,8 @@ bool StartUp(Workbench &bench, const WorkFolders &folders, const CommandLine &li
   RefreshScreen(bench);
 
   out[Ctl::frmSplash].Visible = true;
-  if (!line.GrainFile.empty() && ReadIntoDesign(bench, line.GrainFile)) KeepRecent(bench, bench.Grain.CurrentFile);
+  if (!line.GrainFile.empty() && ReadIntoDesign(bench, line.GrainFile))
+    KeepRecent(bench, bench.Grain.CurrentFile);
   if (!line.MissingFile.empty()) notices.push_back(line.MissingFile + ": there is no such file");
   FillDimensions(bench);
   out.Wait(2);
@@ -94,14 +95,15 @@ bool StartUp(Workbench &bench, const WorkFolders &folders, const CommandLine &li
 bool CloseMain(Workbench &bench) {
   Screen &out = bench.Out;
   if (!bench.Grain.SavedFlag) {
-    const Answer answer = out.Ask({"Save Grain Before exiting Morvandel?", out[Ctl::frmMain].Text, Buttons::YesNo,
-                                   Icon::Question});
+    const Answer answer = out.Ask(
+        {"Save Grain Before exiting Morvandel?", out[Ctl::frmMain].Text, Buttons::YesNo, Icon::Question});
     if (answer == Answer::Yes && !SaveGrain(bench)) return false;
   }
-  EmptyWorkFile(bench);  // only now: a kill while the question stands must not lose the design
+  EmptyWorkFile(bench); // only now: a kill while the question stands must not lose the design
   if (!out.MainPlace.Minimised && out.MainPlace.Width > 0) {
     const int value[] = {out.MainPlace.Left, out.MainPlace.Top, out.MainPlace.Width, out.MainPlace.Height};
-    for (int i = 0; i < 4; ++i) SaveSetting(bench.Settings, "Settings", PlaceKeys[i], std::to_string(value[i]));
+    for (int i = 0; i < 4; ++i)
+      SaveSetting(bench.Settings, "Settings", PlaceKeys[i], std::to_string(value[i]));
   }
   SaveRecentFiles(bench.Settings, bench.Recent);
   WriteSettings(bench.Settings);

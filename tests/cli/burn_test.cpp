@@ -10,7 +10,8 @@ using Burn = Program;
 
 double JsonNumber(const std::string &json, const std::string &key) {
   std::smatch found;
-  EXPECT_TRUE(std::regex_search(json, found, std::regex("\"" + key + "\": ([-+.0-9eE]+)"))) << key << " in " << json;
+  EXPECT_TRUE(std::regex_search(json, found, std::regex("\"" + key + "\": ([-+.0-9eE]+)")))
+      << key << " in " << json;
   return found.empty() ? 0 : std::stod(found[1]);
 }
 
@@ -30,8 +31,8 @@ std::vector<std::vector<std::string>> Table(const std::string &text) {
 TEST_F(Burn, ReportTableJsonAndPictures) {
   ASSERT_EQ(Run("burn '" + Star + "' --table t.csv --svg s.svg --png p.png"), 0) << Err;
   EXPECT_EQ(Err, "");
-  for (const char *text : {"Max burn area", "Max Kn", "Ap/At", "Volume loading", "Sliver fraction", "Neutrality", "Web", "End of burn",
-                           "Steps", "Propellant volume", "Section check"})
+  for (const char *text : {"Max burn area", "Max Kn", "Ap/At", "Volume loading", "Sliver fraction",
+                           "Neutrality", "Web", "End of burn", "Steps", "Propellant volume", "Section check"})
     EXPECT_NE(Out.find(text), std::string::npos) << text;
   const auto rows = Table(Read("t.csv"));
   ASSERT_GT(rows.size(), 500u);
@@ -56,7 +57,7 @@ TEST_F(Burn, DimensionsOnTheCommandLineWin) {
   EXPECT_NE(Out.find("\"max_kn\": null"), std::string::npos);
   EXPECT_NE(Out.find("\"ap_at\": null"), std::string::npos);
   const auto rows = Table(Read("t.csv"));
-  EXPECT_EQ(rows[5][6], "");  // no Kn without a throat
+  EXPECT_EQ(rows[5][6], ""); // no Kn without a throat
   EXPECT_EQ(rows[5][4], "0");
   EXPECT_NEAR(std::stod(rows[5][3]), 50 * std::stod(rows[5][1]), 1e-6);
   ASSERT_EQ(Run("burn '" + Star + "' --diameter 200 --step 0.5 --table u.csv"), 0) << Err;
@@ -96,7 +97,7 @@ TEST_F(Burn, FailuresSayWhyAndLeaveTheOutputsAlone) {
       {"burn STAR --table old.csv --length inf", 2, "--length"},
       {"burn STAR --table old.csv --ends C", 2, "--ends"},
       {"burn STAR --table old.csv --colour red", 2, "--colour"},
-      {"burn STAR --table old.csv --diameter 1", 1, "Can't"},  // the core is all outside
+      {"burn STAR --table old.csv --diameter 1", 1, "Can't"}, // the core is all outside
       {"burn", 2, "FILE.mvd"},
       {"", 2, "subcommand"},
       {"fly", 2, "subcommand"},
@@ -104,15 +105,16 @@ TEST_F(Burn, FailuresSayWhyAndLeaveTheOutputsAlone) {
   };
   for (const auto &t : table) {
     std::string arguments = t.Arguments;
-    if (const auto at = arguments.find("STAR"); at != arguments.npos) arguments.replace(at, 4, "'" + Star + "'");
+    if (const auto at = arguments.find("STAR"); at != arguments.npos)
+      arguments.replace(at, 4, "'" + Star + "'");
     EXPECT_EQ(Run(arguments), t.Code) << t.Arguments << ": " << Err;
     EXPECT_NE(Err.find(t.Words), std::string::npos) << t.Arguments << ": " << Err;
     EXPECT_EQ(Out, "") << t.Arguments;
     EXPECT_EQ(Read("old.csv"), "old") << t.Arguments;
   }
-  int files = 0;  // no drafts stay behind
+  int files = 0; // no drafts stay behind
   for ([[maybe_unused]] const auto &entry : std::filesystem::directory_iterator(Folder)) ++files;
-  EXPECT_EQ(files, 6);  // home, out.txt, err.txt and the three written here
+  EXPECT_EQ(files, 6); // home, out.txt, err.txt and the three written here
 }
 
 TEST_F(Burn, BatchKnRun) {
@@ -122,9 +124,10 @@ TEST_F(Burn, BatchKnRun) {
   ASSERT_EQ(Run("burn '" + Star + "' --diameter 100 --length 160 --ends A --throat 12 --table t.csv"), 0);
   const auto table = Table(Read("t.csv"));
   ASSERT_EQ(rows.size() + 1, table.size());
-  for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_NEAR(std::stod(rows[i][1]), std::stod(table[i + 1][6]), 1e-9);
-  EXPECT_EQ(Run("/Kn Gd=100 Gl=160 Ea=1 Eb=0 Td=12"), 1);  // no design at hand
+  for (std::size_t i = 0; i < rows.size(); ++i)
+    EXPECT_NEAR(std::stod(rows[i][1]), std::stod(table[i + 1][6]), 1e-9);
+  EXPECT_EQ(Run("/Kn Gd=100 Gl=160 Ea=1 Eb=0 Td=12"), 1); // no design at hand
   EXPECT_NE(Err.find("Can't Simulate End Burning Geometries"), std::string::npos);
 }
 
-}  // namespace
+} // namespace

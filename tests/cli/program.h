@@ -14,7 +14,8 @@ struct Program : testing::Test {
 
   void SetUp() override {
     const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-    Folder = std::filesystem::path(testing::TempDir()) / ("cli_" + std::string(info->test_suite_name()) + "_" + info->name());
+    Folder = std::filesystem::path(testing::TempDir()) /
+             ("cli_" + std::string(info->test_suite_name()) + "_" + info->name());
     std::filesystem::remove_all(Folder);
     std::filesystem::create_directories(Folder / "home");
   }
@@ -26,12 +27,15 @@ struct Program : testing::Test {
     EXPECT_EQ(ReadWhole(At(name), bytes), "");
     return bytes;
   }
-  void Write(const std::string &name, std::string_view bytes) const { ASSERT_EQ(WriteWhole(At(name), bytes), ""); }
+  void Write(const std::string &name, std::string_view bytes) const {
+    ASSERT_EQ(WriteWhole(At(name), bytes), "");
+  }
 
   // The exit code; Out and Err hold what it printed. HOME is not set.
   int Run(const std::string &arguments) {
-    const std::string command = "cd '" + Folder.string() + "' && env -u HOME MORVANDEL_HOME='" + At("home") + "' '" TEST_BIN
-                                "/morvandel-cli' " + arguments + " >out.txt 2>err.txt </dev/null";
+    const std::string command = "cd '" + Folder.string() + "' && env -u HOME MORVANDEL_HOME='" + At("home") +
+                                "' '" TEST_BIN "/morvandel-cli' " + arguments +
+                                " >out.txt 2>err.txt </dev/null";
     const int status = std::system(command.c_str());
     Out = Read("out.txt");
     Err = Read("err.txt");

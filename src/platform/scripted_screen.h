@@ -1,0 +1,34 @@
+#pragma once
+#include "platform/screen.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// The lines of a script, one step each; blank lines and lines that begin with # are skipped. The first line
+// that is unknown, impossible or disappointed stops it.
+struct Script {
+  std::vector<std::string> Line;
+  std::size_t Next = 0;
+  std::string Fault; // "line N: ...", empty while all is well
+};
+Script ReadScript(std::string_view text);
+bool AtEnd(Script &);                     // nothing is left, or a fault stands; passes over blank lines
+std::string_view Upcoming(Script &);      // the next line, empty at the end
+void Fail(Script &, const std::string &); // of the line taken last; the first one stays
+
+// A screen without a display. Modal questions and windows take their answers from the lines that follow the
+// one that raised them: `box ANSWER` (after `expect box TEXT`, if its words matter), `file PATH` or `file
+// cancel`, and for a dialog any lines up to the one that closes it. What comes unexpected is a fault of the
+// script.
+class ScriptedScreen : public Screen {
+public:
+  Script Lines;
+  std::function<void()> PlayLine; // takes and plays the next line
+  double Waited = 0;              // seconds
+
+  Answer Ask(const Box &) override;
+  std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) override;
+  void RunModal(Form) override;
+  void Wait(double seconds) override;
+};

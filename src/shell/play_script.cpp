@@ -1,0 +1,186 @@
+#include "shell/play_script.h"
+
+#include "shell/dialogs.h"
+#include "shell/dispatch.h"
+#include "shell/grain_file.h"
+
+#include <array>
+#include <charconv>
+
+namespace {
+
+struct Player {
+  Workbench &Bench;
+  ScriptedScreen &Out;
+  Ctl Field = Ctl::DrawPanel; // where keys go
+};
+
+std::string_view Word(std::string_view &line) {
+  const auto end = line.find(' ');
+  const std::string_view word = line.substr(0, end);
+  line.remove_prefix(end == line.npos ? line.size() : end + 1);
+  return word;
+}
+
+bool Number(std::string_view &line, double &value) {
+  const std::string_view word = Word(line);
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+  return error == std::errc() && end == word.data() + word.size();
+}
+
+template <std::size_t N>
+bool Numbers(std::string_view line, std::array<double, N> &value) {
+  for (double &v : value)
+    if (!Number(line, v)) return false;
+  return line.empty();
+}
+
+void Send(Player &p, Event event) { Dispatch(p.Bench, event); }
+
+void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0) {
+  Event e;
+  e.What = what;
+  e.Target = target;
+  e.X = x;
+  e.Y = y;
+  e.Button = button;
+  e.Notches = notches;
+  Send(p, e);
+}
+
+bool Name(Player &p, std::string_view name, Ctl &control) {
+  const auto found = FindControl(name);
+  if (!found) Fail(p.Out.Lines, "there is no one control " + std::string(name));
+  control = found.value_or(Ctl::Count);
+  return found.has_value();
+}
+
+void Press(Player &p, std::string_view name) {
+  Event e;
+  if (!Name(p, name, e.Target)) return;
+  if (!p.Out[e.Target].Visible || !p.Out[e.Target].Enabled)
+    return Fail(p.Out.Lines, std::string(name) + " cannot be pressed now");
+  Send(p, e);
+}
+
+void Type(Player &p, std::string_view rest) {
+  Event e;
+  e.What = Event::Kind::Text;
+  if (!Name(p, Word(rest), e.Target)) return;
+  e.Text = rest;
+  p.Field = e.Target;
+  Send(p, e);
+}
+
+void Key(Player &p, std::string_view name) {
+  Event e;
+  e.What = Event::Kind::Key;
+  e.Target = p.Field;
+  if (name.starts_with("Ctrl+")) e.Shift = 2, name.remove_prefix(5);
+  const struct {
+    std::string_view Name;
+    int Code;
+  } codes[] = {{"Enter", 13}, {"Escape", 27}, {"Tab", 9}, {"Delete", 46}};
+  for (const auto &c : codes)
+    if (c.Name == name) e.KeyCode = c.Code;
+  if (name.size() == 1) e.KeyCode = name[0] >= 'a' && name[0] <= 'z' ? name[0] - 32 : name[0];
+  if (e.KeyCode == 0) return Fail(p.Out.Lines, "unknown key " + std::string(name));
+  Send(p, e);
+}
+
+void Grain(Player &p, std::string_view rest) {
+  double diameter, length, throat;
+  const bool numbers = Number(rest, diameter) && Number(rest, length) && Number(rest, throat);
+  const int ends = rest == "none" ? 0 : rest == "A" ? 1 : rest == "B" ? 2 : rest == "AB" ? 3 : -1;
+  if (!numbers || ends < 0) return Fail(p.Out.Lines, "expected grain DIAM LENGTH THROAT none|A|B|AB");
+  GrainDoc doc = p.Bench.Grain.Doc;
+  SetDimensions(doc, diameter, length, throat, ends);
+  PrefillDimensions(p.Bench, doc);
+  Event e;
+  e.Target = Ctl::Dimensions_Next;
+  Send(p, e);
+}
+
+void ExpectState(Player &p, std::string_view what, std::string_view name) {
+  Ctl control;
+  if (!Name(p, name, control)) return;
+  const Control &c = p.Out[control];
+  const bool holds = what == "visible"    ? c.Visible
+                     : what == "hidden"   ? !c.Visible
+                     : what == "enabled"  ? c.Enabled
+                     : what == "disabled" ? !c.Enabled
+                     : what == "checked"  ? c.Checked
+                                          : !c.Checked;
+  if (!holds) Fail(p.Out.Lines, std::string(name) + " is not " + std::string(what));
+}
+
+void Expect(Player &p, std::string_view rest) {
+  const std::string_view what = Word(rest);
+  const auto differs = [&](std::string got) {
+    while (got.ends_with(' ')) got.pop_back(); // a line of a script keeps none
+    if (got != rest) Fail(p.Out.Lines, "expected \"" + std::string(rest) + "\", found \"" + got + "\"");
+  };
+  if (what == "prompt") return differs(p.Out[Ctl::UserPrompt].Visible ? p.Out[Ctl::UserPrompt].Text : "");
+  if (what == "count") return differs(std::to_string(p.Bench.Grain.Table.EntCount + 1));
+  if (what == "text") {
+    Ctl control;
+    if (Name(p, Word(rest), control)) differs(p.Out[control].Text);
+    return;
+  }
+  for (const std::string_view state : {"visible", "hidden", "enabled", "disabled", "checked", "unchecked"})
+    if (what == state) return ExpectState(p, what, rest);
+  Fail(p.Out.Lines, "cannot expect " + std::string(what));
+}
+
+void PlayLine(Player &p) {
+  const std::string line(Upcoming(p.Out.Lines));
+  ++p.Out.Lines.Next;
+  std::string_view rest = line;
+  const std::string_view verb = Word(rest);
+  std::array<double, 2> at;
+  std::array<double, 3> at3;
+  std::array<double, 4> at4;
+  if (verb == "grain") return Grain(p, rest);
+  if (verb == "press") return Press(p, rest);
+  if (verb == "type") return Type(p, rest);
+  if (verb == "key") return Key(p, rest);
+  if (verb == "expect") return Expect(p, rest);
+  if (verb == "move" && Numbers(rest, at))
+    return SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1]);
+  if (verb == "wheel" && Numbers(rest, at3))
+    return SendAt(p, Event::Kind::Wheel, Ctl::DrawPanel, at3[0], at3[1], 0, at3[2]);
+  if (verb == "pan" && Numbers(rest, at4)) {
+    SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at4[0], at4[1], 4);
+    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at4[2], at4[3]);
+    return SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at4[2], at4[3], 4);
+  }
+  if (verb == "hover") {
+    Ctl chart;
+    double part;
+    if (!Name(p, Word(rest), chart)) return;
+    if (Number(rest, part)) return SendAt(p, Event::Kind::MouseMove, chart, part, 0.5);
+  }
+  if (verb == "drop" || verb == "close") {
+    Event e;
+    e.What = verb == "drop" ? Event::Kind::Drop : Event::Kind::Close;
+    e.Target = Ctl::frmMain;
+    e.Text = rest;
+    return Send(p, e);
+  }
+  if (verb == "save") {
+    if (const std::string trouble = WriteGrainFile(std::string(rest), p.Bench.Grain); !trouble.empty())
+      Fail(p.Out.Lines, trouble);
+    return;
+  }
+  Fail(p.Out.Lines, "cannot " + line);
+}
+
+} // namespace
+
+void BindScript(Workbench &bench, ScriptedScreen &screen) {
+  screen.PlayLine = [player = Player{bench, screen}]() mutable { PlayLine(player); };
+}
+
+void PlayScript(ScriptedScreen &screen) {
+  while (!AtEnd(screen.Lines)) screen.PlayLine();
+}
