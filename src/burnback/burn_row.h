@@ -1,4 +1,5 @@
 #pragma once
+#include "geometry/carrier.h"
 #include "shell/grain_document.h"
 
 // A row of the burning chain: one live stretch of one offset source. The entity fields keep the geometry of
@@ -21,4 +22,3 @@ struct BurnEntity : Entity {
 };
 
 void TurnPoint(double &x, double &y, double angle); // about the origin, radians
-double NormalAngle(double);                         // into 0 .. two pi

@@ -41,11 +41,6 @@ void TurnPoint(double &x, double &y, double angle) {
   y = px * s + y * c;
 }
 
-double NormalAngle(double a) {
-  a = std::fmod(a, TwoPi);
-  return a < 0 ? a + TwoPi : a;
-}
-
 void Init(Profile &p, const EntityTable &table, double grainRadius, double joinTolerance) {
   p = Profile{};
   p.GrainRadius = grainRadius;

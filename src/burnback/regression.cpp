@@ -151,6 +151,9 @@ void TrimGrain(Regression &g, bool lines) {
     if (std::sqrt(s.MidX * s.MidX + s.MidY * s.MidY) + s.Reach + p.BurnDist < R) continue;
     const Ranges inside = InsideCircle(s, row.From, row.To, p.BurnDist, R);
     if (inside.Count == 1 && inside.From[0] == row.From && inside.To[0] == row.To) continue;
+    // A circle about the origin that reaches the wall retires; it does not meet the wall at any one place.
+    const bool aboutOrigin = s.What != Source::Kind::Line && s.X * s.X + s.Y * s.Y < 1e-24 * R * R;
+    g.AtWall = g.AtWall || !aboutOrigin;
     Ranges outside = OneRange(row.From, row.To);
     for (int i = 0; i < inside.Count; ++i) Remove(outside, inside.From[i], inside.To[i]);
     CutRowBy(g, static_cast<int>(r), outside, -1);
@@ -317,6 +320,7 @@ void UpdateArrays(Regression &g) {
 void StepFront(Regression &g) {
   Profile &p = g.Chain;
   ++g.Step;
+  g.AtWall = false;
   p.BurnDist += p.BurnIncrement;
   for (BurnEntity &row : p.BurnTable) {
     if (row.BurntOut) continue;

@@ -18,6 +18,7 @@ struct Regression {
   double Section = 0;      // propellant left, mm2
   double Perimeter = 0;    // of the step, mm
   int LiveRows = 0;
+  bool AtWall = false; // the step cut some row at the wall, or took it whole
 };
 
 // Sets the pairs to watch and measures the start; steps is the most that the run can take, step the full one in mm.

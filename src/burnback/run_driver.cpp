@@ -96,7 +96,7 @@ bool WriteBurnFile(const Design &design, const BurnOptions &options, double firs
   p.BurnIncrement = firstStep;
   while (live && p.BurnDist <= 2 * R && run.StepCount < MostSteps) {
     StepFront(g);
-    if (run.TouchDist == -1 && g.LeftCount + g.RightCount > 0) run.TouchDist = static_cast<float>(p.BurnDist);
+    if (run.TouchDist == -1 && g.AtWall) run.TouchDist = static_cast<float>(p.BurnDist);
     // A piece that vanishes at the wall may leave one end alone for a step; longer is worth a word.
     unpaired = g.LeftCount != g.RightCount ? unpaired + 1 : 0;
     if (unpaired == 2 && run.Notice.empty())
