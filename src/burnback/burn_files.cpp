@@ -11,8 +11,10 @@ void WriteRow(StreamedFile &file, const BurnEntity &row, int index) {
   std::array<char, 11 * 32> text;
   char *at = text.data();
   const auto put = [&](double v) {
-    if (v == 0) *at++ = '0';
-    else at = WriteNumber(at, v);
+    if (v == 0)
+      *at++ = '0';
+    else
+      at = WriteNumber(at, v);
     *at++ = ',';
   };
   *at++ = static_cast<char>('0' + row.EntType);

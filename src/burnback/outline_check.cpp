@@ -13,7 +13,8 @@ struct Points {
   int Count = 0;
 };
 
-bool Inner(const Source &s, double x, double y, double margin) {  // on the piece and not within margin of its ends
+bool Inner(const Source &s, double x, double y,
+           double margin) { // on the piece and not within margin of its ends
   if (s.What == Source::Kind::Line) {
     const double along = (x - s.X) * s.UX + (y - s.Y) * s.UY;
     return along > margin && along < s.Length - margin;
@@ -36,14 +37,16 @@ Points Crossings(const Source &a, const Source &b) {
     const double s = ((b.X - a.X) * b.UY - (b.Y - a.Y) * b.UX) / cross;
     add(a.X + s * a.UX, a.Y + s * a.UY);
   } else if (a.What == Source::Kind::Line) {
-    const double dx = b.X - a.X, dy = b.Y - a.Y, middle = dx * a.UX + dy * a.UY, height = a.UX * dy - a.UY * dx;
+    const double dx = b.X - a.X, dy = b.Y - a.Y, middle = dx * a.UX + dy * a.UY,
+                 height = a.UX * dy - a.UY * dx;
     const double D = b.Radius * b.Radius - height * height;
-    if (D <= 1e-13 * b.Radius * b.Radius) return p;  // a touch is no crossing
-    for (const double sign : {-1.0, 1.0}) add(a.X + (middle + sign * std::sqrt(D)) * a.UX, a.Y + (middle + sign * std::sqrt(D)) * a.UY);
+    if (D <= 1e-13 * b.Radius * b.Radius) return p; // a touch is no crossing
+    for (const double sign : {-1.0, 1.0})
+      add(a.X + (middle + sign * std::sqrt(D)) * a.UX, a.Y + (middle + sign * std::sqrt(D)) * a.UY);
   } else if (b.What == Source::Kind::Line) {
     return Crossings(b, a);
   } else if (a.Radius > b.Radius) {
-    return Crossings(b, a);  // from the smaller circle: the larger one's radius would drown the half chord
+    return Crossings(b, a); // from the smaller circle: the larger one's radius would drown the half chord
   } else {
     const double dx = b.X - a.X, dy = b.Y - a.Y, D = std::hypot(dx, dy);
     if (D < 1e-12 * (a.Radius + b.Radius)) return p;
@@ -51,7 +54,8 @@ Points Crossings(const Source &a, const Source &b) {
     const double H = a.Radius * a.Radius - along * along;
     if (H <= 1e-13 * a.Radius * a.Radius) return p;
     for (const double sign : {-1.0, 1.0})
-      add(a.X + (along * dx - sign * std::sqrt(H) * dy) / D, a.Y + (along * dy + sign * std::sqrt(H) * dx) / D);
+      add(a.X + (along * dx - sign * std::sqrt(H) * dy) / D,
+          a.Y + (along * dy + sign * std::sqrt(H) * dx) / D);
   }
   return p;
 }
@@ -78,8 +82,8 @@ double SeenSweep(const Source &s, double x, double y) {
   return s.Side < 0 ? sum : -sum;
 }
 
-// How near to the joint of two pieces a crossing is only the roughness of the joint: two ends may overshoot each other by
-// what the joining tolerance lets pass.
+// How near to the joint of two pieces a crossing is only the roughness of the joint: two ends may overshoot
+// each other by what the joining tolerance lets pass.
 double JointMargin(const std::vector<Source> &outline, int i, int j, double R) {
   const int n = static_cast<int>(outline.size()), apart = std::min(j - i, n - (j - i));
   if (apart == 1) return 1e-6 * R;
@@ -88,7 +92,7 @@ double JointMargin(const std::vector<Source> &outline, int i, int j, double R) {
   return std::max(1e-7 * R, between.Bridge ? 20 * between.Length : 0);
 }
 
-}  // namespace
+} // namespace
 
 bool CrossesItself(const std::vector<Source> &outline, double R, double &x, double &y) {
   const int n = static_cast<int>(outline.size());
@@ -105,8 +109,8 @@ bool CrossesItself(const std::vector<Source> &outline, double R, double &x, doub
           return true;
         }
     }
-  // The port lies on the right of every piece, once: on the left nothing, on the right one turn of the walk (none in a
-  // slit of no width).
+  // The port lies on the right of every piece, once: on the left nothing, on the right one turn of the walk
+  // (none in a slit of no width).
   for (const Source &s : outline)
     for (const double side : {1e-9 * R, -1e-9 * R}) {
       if (s.Bridge) continue;

@@ -46,7 +46,7 @@ inline void KeepAround(Ranges &r, double at, double half) {
   Ranges out;
   if (half > 0) {
     const double first = r.From[0], last = r.To[r.Count - 1];
-    double middle = at - TwoPi * std::floor((at + half - first) / TwoPi);  // the first whose end is past first
+    double middle = at - TwoPi * std::floor((at + half - first) / TwoPi); // the first whose end is past first
     for (; middle - half < last; middle += TwoPi)
       for (int i = 0; i < r.Count; ++i)
         AddRange(out, std::max(r.From[i], middle - half), std::min(r.To[i], middle + half));

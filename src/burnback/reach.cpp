@@ -8,7 +8,9 @@ bool IsDisc(const Source &s) { return s.What == Source::Kind::Corner || s.What =
 
 constexpr double HalfTurn = 3.14159265358979323846;
 
-double Apart(double ax, double ay, double bx, double by) { return std::sqrt((ax - bx) * (ax - bx) + (ay - by) * (ay - by)); }
+double Apart(double ax, double ay, double bx, double by) {
+  return std::sqrt((ax - bx) * (ax - bx) + (ay - by) * (ay - by));
+}
 
 double HalfAngle(double cosine) { return cosine >= 1 ? 0 : cosine <= -1 ? HalfTurn : std::acos(cosine); }
 
@@ -17,11 +19,9 @@ struct Track {
   double OX, OY, UX, UY;
 };
 
-Track OffsetLine(const Source &of, double d) {
-  return {of.X - of.UY * d, of.Y + of.UX * d, of.UX, of.UY};
-}
+Track OffsetLine(const Source &of, double d) { return {of.X - of.UY * d, of.Y + of.UX * d, of.UX, of.UY}; }
 
-void KeepBetween(Ranges &r, double at0, double rate, double low, double high) {  // low < at0 + rate s < high
+void KeepBetween(Ranges &r, double at0, double rate, double low, double high) { // low < at0 + rate s < high
   if (std::abs(rate) < 1e-15) {
     if (!(at0 > low && at0 < high)) r.Count = 0;
     return;
@@ -40,7 +40,7 @@ void KeepSector(Ranges &r, const Source &by, KeepStart keepStart, KeepEnd keepEn
     keepEnd(r, 1);
     return;
   }
-  Ranges first = r, second = r;  // the union of the two half planes
+  Ranges first = r, second = r; // the union of the two half planes
   keepStart(first, 1);
   keepStart(second, -1);
   keepEnd(second, 1);
@@ -48,14 +48,17 @@ void KeepSector(Ranges &r, const Source &by, KeepStart keepStart, KeepEnd keepEn
   r = first;
 }
 
-Ranges LineSwallowed(const Source &of, double from, double to, const Source &by, double d, const BurnTolerance &tol) {
+Ranges LineSwallowed(const Source &of, double from, double to, const Source &by, double d,
+                     const BurnTolerance &tol) {
   const Track t = OffsetLine(of, d);
   const double near = d - tol.Depth;
   Ranges dead = OneRange(from, to);
   if (by.What == Source::Kind::Line) {
     const double dx = t.OX - by.X, dy = t.OY - by.Y;
     KeepBetween(dead, by.UX * dy - by.UY * dx, by.UX * t.UY - by.UY * t.UX, -near, near);
-    if (dead.Count) KeepBetween(dead, dx * by.UX + dy * by.UY, t.UX * by.UX + t.UY * by.UY, -tol.Slack, by.Length + tol.Slack);
+    if (dead.Count)
+      KeepBetween(dead, dx * by.UX + dy * by.UY, t.UX * by.UX + t.UY * by.UY, -tol.Slack,
+                  by.Length + tol.Slack);
     return dead;
   }
   const double cx = by.X - t.OX, cy = by.Y - t.OY;
@@ -73,16 +76,18 @@ Ranges LineSwallowed(const Source &of, double from, double to, const Source &by,
   const double inf = 1e300;
   KeepSector(
       dead, by,
-      [&](Ranges &r, int sign) {  // cross(U, q - C) >= 0, or below
-        KeepBetween(r, -(by.UX * cy - by.UY * cx), by.UX * t.UY - by.UY * t.UX, sign > 0 ? 0 : -inf, sign > 0 ? inf : 0);
+      [&](Ranges &r, int sign) { // cross(U, q - C) >= 0, or below
+        KeepBetween(r, -(by.UX * cy - by.UY * cx), by.UX * t.UY - by.UY * t.UX, sign > 0 ? 0 : -inf,
+                    sign > 0 ? inf : 0);
       },
-      [&](Ranges &r, int) {  // cross(q - C, V) >= 0
+      [&](Ranges &r, int) { // cross(q - C, V) >= 0
         KeepBetween(r, by.VX * cy - by.VY * cx, by.VY * t.UX - by.VX * t.UY, 0, inf);
       });
   return dead;
 }
 
-Ranges ArcSwallowed(const Source &of, double from, double to, const Source &by, double d, const BurnTolerance &tol) {
+Ranges ArcSwallowed(const Source &of, double from, double to, const Source &by, double d,
+                    const BurnTolerance &tol) {
   const double rho = of.Radius + of.Side * d, near = d - tol.Depth;
   Ranges dead = OneRange(from, to);
   if (rho <= 0) return {};
@@ -92,10 +97,10 @@ Ranges ArcSwallowed(const Source &of, double from, double to, const Source &by, 
     if (height - rho >= near || height + rho <= -near) return {};
     if (along + rho <= -tol.Slack || along - rho >= by.Length + tol.Slack) return {};
     const double up = by.Direction + HalfTurn / 2 - of.Start, ahead = by.Direction - of.Start;
-    RemoveAround(dead, up, HalfAngle((near - height) / rho));                   // too high
-    RemoveAround(dead, up + HalfTurn, HalfAngle((near + height) / rho));        // too low
-    RemoveAround(dead, ahead, HalfAngle((by.Length + tol.Slack - along) / rho));  // past the end
-    RemoveAround(dead, ahead + HalfTurn, HalfAngle((tol.Slack + along) / rho));   // before the start
+    RemoveAround(dead, up, HalfAngle((near - height) / rho));                    // too high
+    RemoveAround(dead, up + HalfTurn, HalfAngle((near + height) / rho));         // too low
+    RemoveAround(dead, ahead, HalfAngle((by.Length + tol.Slack - along) / rho)); // past the end
+    RemoveAround(dead, ahead + HalfTurn, HalfAngle((tol.Slack + along) / rho));  // before the start
     return dead;
   }
   const double D = std::sqrt(dx * dx + dy * dy), outer = by.Radius + near, inner = by.Radius - near;
@@ -104,24 +109,25 @@ Ranges ArcSwallowed(const Source &of, double from, double to, const Source &by, 
   if (D < 1e-14 * (rho + by.Radius)) {
     if (rho >= outer || (ring && rho <= inner)) return {};
   } else {
-    const double toward = std::atan2(-dy, -dx) - of.Start;  // from our centre to theirs
+    const double toward = std::atan2(-dy, -dx) - of.Start; // from our centre to theirs
     KeepAround(dead, toward, HalfAngle((D * D + (rho - outer) * (rho + outer)) / (2 * D * rho)));
     if (ring && inner > 0)
       RemoveAround(dead, toward, HalfAngle((D * D + (rho - inner) * (rho + inner)) / (2 * D * rho)));
   }
   if (!ring || dead.Count == 0) return dead;
   // On the circle, cross(U, q - C) = cross(U, our centre - C) + rho sin(angle - angle of U).
-  const double start = by.Start - by.AngleSlack - of.Start, end = by.Start + by.Length + by.AngleSlack - of.Start;
+  const double start = by.Start - by.AngleSlack - of.Start,
+               end = by.Start + by.Length + by.AngleSlack - of.Start;
   KeepSector(
       dead, by,
       [&](Ranges &r, int sign) {
         const double half = HalfAngle(-(by.UX * dy - by.UY * dx) / rho);
-        if (sign > 0) KeepAround(r, start + HalfTurn / 2, half);
-        else RemoveAround(r, start + HalfTurn / 2, half);
+        if (sign > 0)
+          KeepAround(r, start + HalfTurn / 2, half);
+        else
+          RemoveAround(r, start + HalfTurn / 2, half);
       },
-      [&](Ranges &r, int) {
-        KeepAround(r, end - HalfTurn / 2, HalfAngle((by.VX * dy - by.VY * dx) / rho));
-      });
+      [&](Ranges &r, int) { KeepAround(r, end - HalfTurn / 2, HalfAngle((by.VX * dy - by.VY * dx) / rho)); });
   return dead;
 }
 
@@ -133,7 +139,8 @@ double PointSegment(double x, double y, double ax, double ay, double bx, double 
   return std::sqrt((ax + t * dx - x) * (ax + t * dx - x) + (ay + t * dy - y) * (ay + t * dy - y));
 }
 
-double SegmentSegment(double ax, double ay, double bx, double by, double cx, double cy, double dx, double dy) {
+double SegmentSegment(double ax, double ay, double bx, double by, double cx, double cy, double dx,
+                      double dy) {
   const double ux = bx - ax, uy = by - ay, vx = dx - cx, vy = dy - cy, wx = cx - ax, wy = cy - ay;
   const double cross = ux * vy - uy * vx;
   if (cross != 0) {
@@ -144,7 +151,7 @@ double SegmentSegment(double ax, double ay, double bx, double by, double cx, dou
                   std::min(PointSegment(cx, cy, ax, ay, bx, by), PointSegment(dx, dy, ax, ay, bx, by)));
 }
 
-}  // namespace
+} // namespace
 
 BurnTolerance ToleranceOf(double R) { return {R * 1e-12, R * 1e-9, R * 4e-9}; }
 
@@ -174,8 +181,10 @@ double FrontLength(const Source &s, double from, double to, double d) {
   return s.What == Source::Kind::Line ? to - from : (to - from) * std::max(0.0, s.Radius + s.Side * d);
 }
 
-Ranges Swallowed(const Source &of, double from, double to, const Source &by, double d, const BurnTolerance &tol) {
-  return of.What == Source::Kind::Line ? LineSwallowed(of, from, to, by, d, tol) : ArcSwallowed(of, from, to, by, d, tol);
+Ranges Swallowed(const Source &of, double from, double to, const Source &by, double d,
+                 const BurnTolerance &tol) {
+  return of.What == Source::Kind::Line ? LineSwallowed(of, from, to, by, d, tol)
+                                       : ArcSwallowed(of, from, to, by, d, tol);
 }
 
 Ranges InsideCircle(const Source &of, double from, double to, double d, double R) {
@@ -191,12 +200,14 @@ Ranges InsideCircle(const Source &of, double from, double to, double d, double R
   const double rho = of.Radius + of.Side * d, D = std::sqrt(of.X * of.X + of.Y * of.Y);
   if (D + rho <= R) return kept;
   if (D < 1e-12 * R) return {};
-  RemoveAround(kept, std::atan2(of.Y, of.X) - of.Start, HalfAngle(((R - D) * (R + D) - rho * rho) / (2 * D * rho)));
+  RemoveAround(kept, std::atan2(of.Y, of.X) - of.Start,
+               HalfAngle(((R - D) * (R + D) - rho * rho) / (2 * D * rho)));
   return kept;
 }
 
 double GapBound(const Source &of, const FrontPiece &f, const Source &by, double d) {
-  double bound = SegmentSegment(f.X1, f.Y1, f.X2, f.Y2, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) - f.Height - by.Height;
+  double bound = SegmentSegment(f.X1, f.Y1, f.X2, f.Y2, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) -
+                 f.Height - by.Height;
   // A long arc is better bounded by its whole circle.
   if (by.Height > 0) {
     const double near = PointSegment(by.X, by.Y, f.X1, f.Y1, f.X2, f.Y2) - f.Height;
@@ -206,7 +217,9 @@ double GapBound(const Source &of, const FrontPiece &f, const Source &by, double 
   if (f.Height > 0) {
     const double rho = of.Radius + of.Side * d;
     const double near = PointSegment(of.X, of.Y, by.ChordX1, by.ChordY1, by.ChordX2, by.ChordY2) - by.Height;
-    const double far = std::max(Apart(by.ChordX1, by.ChordY1, of.X, of.Y), Apart(by.ChordX2, by.ChordY2, of.X, of.Y)) + by.Height;
+    const double far =
+        std::max(Apart(by.ChordX1, by.ChordY1, of.X, of.Y), Apart(by.ChordX2, by.ChordY2, of.X, of.Y)) +
+        by.Height;
     bound = std::max(bound, std::max(near - rho, rho - far));
   }
   return bound - d;
@@ -244,10 +257,12 @@ void FinishSource(Source &s, double slack) {
   s.UX = std::cos(a), s.UY = std::sin(a), s.VX = std::cos(b), s.VY = std::sin(b);
   const double half = s.Length / 2;
   s.ChordX1 = s.X + s.Radius * std::cos(s.Start), s.ChordY1 = s.Y + s.Radius * std::sin(s.Start);
-  s.ChordX2 = s.X + s.Radius * std::cos(s.Start + s.Length), s.ChordY2 = s.Y + s.Radius * std::sin(s.Start + s.Length);
+  s.ChordX2 = s.X + s.Radius * std::cos(s.Start + s.Length),
+  s.ChordY2 = s.Y + s.Radius * std::sin(s.Start + s.Length);
   s.Height = half < HalfTurn / 2 ? s.Radius * (1 - std::cos(half)) : 2 * s.Radius;
   if (half < HalfTurn / 2) {
-    s.MidX = (s.ChordX1 + s.ChordX2) / 2, s.MidY = (s.ChordY1 + s.ChordY2) / 2, s.Reach = s.Radius * std::sin(half);
+    s.MidX = (s.ChordX1 + s.ChordX2) / 2, s.MidY = (s.ChordY1 + s.ChordY2) / 2,
+    s.Reach = s.Radius * std::sin(half);
   } else {
     s.MidX = s.X, s.MidY = s.Y, s.Reach = s.Radius;
   }

@@ -9,13 +9,14 @@
 namespace {
 
 // The whole regression at one step: every step whole, or the first one half.
-bool WriteBurnFileAtStep(const Design &design, const BurnOptions &options, double step, bool half, StreamedFile &file,
-                         BurnRun &run, BurnRefusal &refusal) {
+bool WriteBurnFileAtStep(const Design &design, const BurnOptions &options, double step, bool half,
+                         StreamedFile &file, BurnRun &run, BurnRefusal &refusal) {
   StreamedFile *const to = options.WorkFolder.empty() ? nullptr : &file;
   if (to) OpenStreamed(file, options.WorkFolder + (half ? "GraphicFile2" : "GraphicFile"));
   refusal.Text = file.Trouble;
   refusal.BadUse = !file.Trouble.empty();
-  return file.Trouble.empty() && WriteBurnFile(design, options, half ? step / 2 : step, step, to, run, refusal);
+  return file.Trouble.empty() &&
+         WriteBurnFile(design, options, half ? step / 2 : step, step, to, run, refusal);
 }
 
 void FillRows(const GrainDoc &doc, const std::vector<double> &midStep, BurnRun &run) {
@@ -31,15 +32,17 @@ void FillRows(const GrainDoc &doc, const std::vector<double> &midStep, BurnRun &
     RowFigures row{b, (length - b * ends) * run.StepPerimeter[i], ends * left, 0};
     if (run.HasThroat) row.Kn = (row.CoreArea + row.EndsArea) / At;
     run.Figures.push_back(row);
-    run.Result.push_back({static_cast<float>(b), static_cast<float>(row.CoreArea), static_cast<float>(Pi * R * R - left),
-                          static_cast<float>(row.EndsArea), static_cast<float>(row.Kn)});
+    run.Result.push_back({static_cast<float>(b), static_cast<float>(row.CoreArea),
+                          static_cast<float>(Pi * R * R - left), static_cast<float>(row.EndsArea),
+                          static_cast<float>(row.Kn)});
   }
   run.RowsReached = static_cast<int>(run.Result.size());
 }
 
-}  // namespace
+} // namespace
 
-bool RunSim3(const Design &design, const BurnOptions &options, double step, BurnRun &run, BurnRefusal &refusal) {
+bool RunSim3(const Design &design, const BurnOptions &options, double step, BurnRun &run,
+             BurnRefusal &refusal) {
   refusal = {};
   if (design.Table.EntCount < 0) {
     refusal.Text = "Can't Simulate End Burning Geometries";

@@ -10,14 +10,14 @@
 
 namespace {
 
-constexpr int MostSteps = 32767;  // StepCount is a 16-bit number
+constexpr int MostSteps = 32767; // StepCount is a 16-bit number
 
 void AddOutlineRow(SimStepTable &steps, const BurnEntity &row, int index, double turn) {
   OutlineRow out;
   out.EntType = static_cast<std::int16_t>(row.EntType);
   out.RowIndex = static_cast<std::int16_t>(index);
   const double c = std::cos(turn), s = std::sin(turn);
-  const auto set = [&](double x, double y, float &toX, float &toY) {  // back by the true turn
+  const auto set = [&](double x, double y, float &toX, float &toY) { // back by the true turn
     toX = static_cast<float>(x * c + y * s);
     toY = static_cast<float>(y * c - x * s);
   };
@@ -27,7 +27,8 @@ void AddOutlineRow(SimStepTable &steps, const BurnEntity &row, int index, double
     set(row.CenterX, row.CenterY, out.CenterX, out.CenterY);
     out.Radius = static_cast<float>(row.Radius);
     out.StartAngle = row.EntType == CircleType ? 0 : static_cast<float>(NormalAngle(row.StartAngle - turn));
-    out.EndAngle = row.EntType == CircleType ? static_cast<float>(TwoPi) : static_cast<float>(NormalAngle(row.EndAngle - turn));
+    out.EndAngle = row.EntType == CircleType ? static_cast<float>(TwoPi)
+                                             : static_cast<float>(NormalAngle(row.EndAngle - turn));
   }
   steps.Row.push_back(out);
 }
@@ -44,11 +45,12 @@ bool RefuseAt(BurnRefusal &refusal, std::string text, double x, double y) {
   return Refuse(refusal, std::move(text));
 }
 
-}  // namespace
+} // namespace
 
 std::string CheckStep(double R, double step) {
   if (step > 0 && step <= R && 2 * R / step <= MostSteps) return {};
-  return "The burn step must be above 0 mm, at most the grain radius (" + PlainText(R) + " mm), and give at most 32767 steps";
+  return "The burn step must be above 0 mm, at most the grain radius (" + PlainText(R) +
+         " mm), and give at most 32767 steps";
 }
 
 bool CheckOutline(const Design &design, BurnRun &run, BurnRefusal &refusal) {
@@ -78,21 +80,22 @@ bool CheckOutline(const Design &design, BurnRun &run, BurnRefusal &refusal) {
   return false;
 }
 
-bool WriteBurnFile(const Design &design, const BurnOptions &options, double firstStep, double step, StreamedFile *graphicFile,
-                   BurnRun &run, BurnRefusal &refusal) {
+bool WriteBurnFile(const Design &design, const BurnOptions &options, double firstStep, double step,
+                   StreamedFile *graphicFile, BurnRun &run, BurnRefusal &refusal) {
   const double R = design.Doc.GrainRadius;
   Regression g;
   Profile &p = g.Chain;
   Init(p, design.Table, R, design.Doc.JoinTolerance);
   if (!p.ProfileOK) return RefuseAt(refusal, "Error: Can't Connect Entities", p.ChainTipX, p.ChainTipY);
-  if (p.Sources.empty()) return Refuse(refusal, "Can't Simulate End Burning Geometries");  // no core surface in the grain
+  if (p.Sources.empty())
+    return Refuse(refusal, "Can't Simulate End Burning Geometries"); // no core surface in the grain
   run.GrainRadius = R;
   run.BurnIncrement = step;
   run.ProfileRotation = p.ProfileRotation;
   StartRegression(g, static_cast<int>(std::min(2 * R / step + 2, MostSteps + 2.0)), step);
   run.SectionAtStart = g.Section;
   bool live = true;
-  int unpaired = 0;  // steps in a row
+  int unpaired = 0; // steps in a row
   p.BurnIncrement = firstStep;
   while (live && p.BurnDist <= 2 * R && run.StepCount < MostSteps) {
     StepFront(g);
@@ -100,8 +103,9 @@ bool WriteBurnFile(const Design &design, const BurnOptions &options, double firs
     // A piece that vanishes at the wall may leave one end alone for a step; longer is worth a word.
     unpaired = g.LeftCount != g.RightCount ? unpaired + 1 : 0;
     if (unpaired == 2 && run.Notice.empty())
-      run.Notice = "Error: LeftSideCounter =" + std::to_string(g.LeftCount) + " RightSideCounter =" +
-                   std::to_string(g.RightCount) + "   @Burn Distance:" + FormatMask(p.BurnDist, "0.##");
+      run.Notice = "Error: LeftSideCounter =" + std::to_string(g.LeftCount) +
+                   " RightSideCounter =" + std::to_string(g.RightCount) +
+                   "   @Burn Distance:" + FormatMask(p.BurnDist, "0.##");
     live = g.LiveRows > 0;
     for (std::size_t i = 0; i < p.BurnTable.size(); ++i) {
       BurnEntity &row = p.BurnTable[i];
@@ -142,7 +146,7 @@ void FillFigures(const GrainDoc &doc, BurnRun &run) {
   double P = 0;
   for (const double perimeter : run.StepPerimeter) P += perimeter;
   run.Section = P * h;
-  double A0 = run.Section;  // what the steps leave to burn
+  double A0 = run.Section; // what the steps leave to burn
   run.InitialVolume = static_cast<float>(length * A0);
   run.HasThroat = throat > 0;
   double b = 0, sum = 0;
@@ -165,8 +169,8 @@ void FillFigures(const GrainDoc &doc, BurnRun &run) {
       run.MaxKn = std::max(run.MaxKn, row.Kn);
     }
     run.Figures.push_back(row);
-    run.Result.push_back({static_cast<float>(b), static_cast<float>(row.CoreArea), 0, static_cast<float>(row.EndsArea),
-                          static_cast<float>(row.Kn)});
+    run.Result.push_back({static_cast<float>(b), static_cast<float>(row.CoreArea), 0,
+                          static_cast<float>(row.EndsArea), static_cast<float>(row.Kn)});
   }
   run.RowsReached = static_cast<int>(run.Result.size());
   run.VolumeLoading = run.Section / (Pi * R * R);
@@ -195,12 +199,14 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
     OpenStreamed(graphicFile, options.WorkFolder + "GraphicFile");
     if (!graphicFile.Trouble.empty()) return badUse(graphicFile.Trouble);
   }
-  if (!WriteBurnFile(design, options, step / 2, step, files ? &graphicFile : nullptr, fresh, refusal)) return false;
+  if (!WriteBurnFile(design, options, step / 2, step, files ? &graphicFile : nullptr, fresh, refusal))
+    return false;
   FillFigures(design.Doc, fresh);
   if (files) {
     std::string trouble = CommitStreamed(graphicFile);
     if (trouble.empty()) trouble = WriteWhole(options.WorkFolder + "CheckFile", CheckFileText(fresh));
-    if (trouble.empty() && options.KnBatch) trouble = WriteWhole(options.WorkFolder + "KnProfile", KnProfileText(fresh));
+    if (trouble.empty() && options.KnBatch)
+      trouble = WriteWhole(options.WorkFolder + "KnProfile", KnProfileText(fresh));
     if (!trouble.empty()) return badUse(trouble);
   }
   run = std::move(fresh);

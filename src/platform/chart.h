@@ -5,7 +5,7 @@
 
 struct ChartSeries {
   std::string Name;
-  std::uint32_t Fill = 0;  // red in the low byte
+  std::uint32_t Fill = 0; // red in the low byte
   std::vector<float> Value;
   bool operator==(const ChartSeries &) const = default;
 };
@@ -16,7 +16,7 @@ struct Chart {
   bool Stacked = false;
   std::vector<float> X;
   std::vector<ChartSeries> Series;
-  int CursorStep = 0;        // 0: none; else the step under the pointer, shown as a line
-  std::string CursorText;    // the value read there
+  int CursorStep = 0;     // 0: none; else the step under the pointer, shown as a line
+  std::string CursorText; // the value read there
   bool operator==(const Chart &) const = default;
 };

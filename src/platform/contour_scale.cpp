@@ -6,7 +6,7 @@
 
 namespace {
 std::uint32_t RedLow(std::uint32_t hex) { return (hex & 0xff) << 16 | (hex & 0xff00) | hex >> 16; }
-}  // namespace
+} // namespace
 
 std::uint32_t Viridis(double part) {
   constexpr std::array<std::uint32_t, 17> at{0x440154, 0x481769, 0x472A7A, 0x433D84, 0x3D4E8A, 0x355E8D,

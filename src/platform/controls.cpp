@@ -6,7 +6,7 @@ constexpr std::array<ControlRow, CtlCount> Rows{{
 #include "platform/controls.def"
 #undef CONTROL
 }};
-}  // namespace
+} // namespace
 
 const ControlRow &RowOf(Ctl c) { return Rows.at(static_cast<std::size_t>(c)); }
 
@@ -17,7 +17,7 @@ std::optional<Ctl> FindControl(std::string_view name) {
   std::optional<Ctl> found;
   for (std::size_t i = 0; i < CtlCount; ++i) {
     if (Rows[i].Name != bare || (!window.empty() && Rows[i].Window != window)) continue;
-    if (found) return std::nullopt;  // stands in two windows
+    if (found) return std::nullopt; // stands in two windows
     found = static_cast<Ctl>(i);
   }
   return found;

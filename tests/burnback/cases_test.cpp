@@ -1,4 +1,5 @@
-// The reference designs against an independent exact method: perimeter and section by distance, and the report's figures.
+// The reference designs against an independent exact method: perimeter and section by distance, and the
+// report's figures.
 #include "burnback/burn_run.h"
 #include "shell/grain_file.h"
 
@@ -80,7 +81,8 @@ TEST_P(Case, BurnsAsTheExactOffset) {
     ASSERT_LT(step, run.StepCount) << "at " << d;
     EXPECT_NEAR(run.StepDist[step], d, 1e-9);
     EXPECT_NEAR(run.StepPerimeter[step], std::atof(table[i][1].c_str()), 1e-6 * top) << "at " << d;
-    EXPECT_NEAR(run.StepSection[step], std::atof(table[i][2].c_str()), 1e-6 * run.SectionAtStart) << "at " << d;
+    EXPECT_NEAR(run.StepSection[step], std::atof(table[i][2].c_str()), 1e-6 * run.SectionAtStart)
+        << "at " << d;
     ++judged;
   }
   EXPECT_GT(judged, 40);
@@ -105,4 +107,4 @@ TEST_P(Case, BurnsAsTheExactOffset) {
 INSTANTIATE_TEST_SUITE_P(Shipped, Case, testing::ValuesIn(References()),
                          [](const testing::TestParamInfo<Reference> &one) { return one.param.Name; });
 
-}  // namespace
+} // namespace

@@ -26,7 +26,7 @@ TEST(ClosedForm, TubeWithAndWithoutEnds) {
       EXPECT_NEAR(run.StepSection[i], Pi * (625 - r * r), 1e-8);
       EXPECT_NEAR(run.Figures[i].CoreArea, (120 - b * E) * 2 * Pi * r, 1e-7);
     }
-    EXPECT_EQ(run.TouchDist, -1);  // the whole front reaches the wall at once
+    EXPECT_EQ(run.TouchDist, -1); // the whole front reaches the wall at once
     EXPECT_FALSE(run.HasSliver);
     EXPECT_NEAR(run.VolumeLoading, 1 - 100.0 / 625, 1e-9);
     EXPECT_EQ(run.Figures[100].EndsArea > 0, E > 0);
@@ -38,8 +38,8 @@ TEST(ClosedForm, GrainShorterThanItsWebStopsAtItsLength) {
   Design d = MakeDesign(50, 10, 9, 3);
   AppendRow(d.Table, MakeCircle(0, 0, 10));
   const BurnRun run = Burn(d);
-  EXPECT_EQ(run.StepCount, 600);    // the front itself runs on to the wall
-  EXPECT_EQ(run.RowsReached, 199);  // 2 b reaches the length at row 200
+  EXPECT_EQ(run.StepCount, 600);   // the front itself runs on to the wall
+  EXPECT_EQ(run.RowsReached, 199); // 2 b reaches the length at row 200
 }
 
 TEST(ClosedForm, CircleOffCentreCrossesTheWall) {
@@ -85,15 +85,23 @@ TEST(ClosedForm, StarsAndPolygons) {
   struct {
     int Points;
     double Tip, Valley, R;
-  } const stars[] = {{5, 14, 6, 25},  {8, 15, 9, 22},  {6, 5, 3.5, 20}, {12, 30, 20, 50}, {3, 400, 120, 900},
-                     {40, 1, .8, 2},  {4, 10, 10 * std::cos(Pi / 4), 20}, {6, 8, 8 * std::cos(Pi / 6), 20}, {7, 19.99, 4, 20}};
+  } const stars[] = {{5, 14, 6, 25},
+                     {8, 15, 9, 22},
+                     {6, 5, 3.5, 20},
+                     {12, 30, 20, 50},
+                     {3, 400, 120, 900},
+                     {40, 1, .8, 2},
+                     {4, 10, 10 * std::cos(Pi / 4), 20},
+                     {6, 8, 8 * std::cos(Pi / 6), 20},
+                     {7, 19.99, 4, 20}};
   for (const auto &s : stars) {
     Design d = MakeDesign(2 * s.R);
     AddRows(d, RoundedPolygon(StarCorners(s.Points, s.Tip, s.Valley, 0.2)));
     const BurnRun run = Burn(d);
     ASSERT_GT(run.StepCount, 50);
     for (int i = 0; i < run.StepCount; ++i)
-      EXPECT_NEAR(run.StepPerimeter[i], SharpStar(s.Points, s.Tip, s.Valley, s.R, run.StepDist[i]), 2e-6 * s.R)
+      EXPECT_NEAR(run.StepPerimeter[i], SharpStar(s.Points, s.Tip, s.Valley, s.R, run.StepDist[i]),
+                  2e-6 * s.R)
           << s.Points << " points at " << run.StepDist[i];
   }
 }
@@ -103,13 +111,15 @@ TEST(ClosedForm, PinchedRibBurnsOnAsAnIsland) {
   // A ring-shaped port about a disc of propellant that hangs on a thin rib.
   const double R = 30, inner = 7, outer = 9, gap = 0.15;
   Design d = MakeDesign(2 * R);
-  const double xi = inner * std::cos(gap), yi = inner * std::sin(gap), xo = outer * std::cos(gap), yo = outer * std::sin(gap);
-  AddRows(d, {MakeArc(0, 0, inner, gap, TwoPi - gap), MakeArc(0, 0, outer, gap, TwoPi - gap), MakeLine(xi, yi, xo, yo),
-              MakeLine(xo, -yo, xi, -yi)});
+  const double xi = inner * std::cos(gap), yi = inner * std::sin(gap), xo = outer * std::cos(gap),
+               yo = outer * std::sin(gap);
+  AddRows(d, {MakeArc(0, 0, inner, gap, TwoPi - gap), MakeArc(0, 0, outer, gap, TwoPi - gap),
+              MakeLine(xi, yi, xo, yo), MakeLine(xo, -yo, xi, -yi)});
   const BurnRun run = Burn(d);
   for (int i = 0; i < run.StepCount; ++i) {
     const double b = run.StepDist[i];
-    if (b < 2.5 || b > inner - 0.2) continue;  // the rib of half width 1.05 is gone: a disc inside, a ring outside
+    if (b < 2.5 || b > inner - 0.2)
+      continue; // the rib of half width 1.05 is gone: a disc inside, a ring outside
     // Two plain circles, but for the dents that the rib's four corners leave.
     EXPECT_NEAR(run.StepPerimeter[i], TwoPi * (inner - b) + TwoPi * (outer + b), 0.3) << "at " << b;
   }
@@ -117,4 +127,4 @@ TEST(ClosedForm, PinchedRibBurnsOnAsAnIsland) {
   EXPECT_NEAR(run.StepSection.front() - run.StepSection.back(), run.Section, 2e-3 * run.Section);
 }
 
-}  // namespace
+} // namespace

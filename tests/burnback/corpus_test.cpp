@@ -1,4 +1,5 @@
-// Designs that once burnt wrong: burns_* must give a burn that uses up the propellant, refused_* must be refused.
+// Designs that once burnt wrong: burns_* must give a burn that uses up the propellant, refused_* must be
+// refused.
 #include "burnback/burn_run.h"
 #include "shell/grain_file.h"
 
@@ -37,11 +38,12 @@ TEST_P(BurnCorpus, BurnsOrIsRefused) {
   for (int i = 1; i < run.StepCount; ++i) {
     const double loss = run.StepSection[i - 1] - run.StepSection[i];
     EXPECT_GE(loss, -1e-9 * run.SectionAtStart) << "step " << i;
-    EXPECT_LE(loss, 1.2 * run.BurnIncrement * std::max(run.StepPerimeter[i - 1], run.StepPerimeter[i])) << "step " << i;
+    EXPECT_LE(loss, 1.2 * run.BurnIncrement * std::max(run.StepPerimeter[i - 1], run.StepPerimeter[i]))
+        << "step " << i;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kept, BurnCorpus, testing::ValuesIn(Corpus()),
                          [](const testing::TestParamInfo<std::string> &one) { return one.param; });
 
-}  // namespace
+} // namespace

@@ -41,12 +41,13 @@ inline std::vector<Entity> RoundedPolygon(const std::vector<Corner> &at) {
     if (side < 0) std::swap(a, b);
     rows.push_back(MakeArc(cx, cy, q.Fillet, a < 0 ? a + TwoPi : a, b < 0 ? b + TwoPi : b));
   }
-  for (std::size_t i = 0; i < n; ++i) rows.push_back(MakeLine(outX[i], outY[i], inX[(i + 1) % n], inY[(i + 1) % n]));
+  for (std::size_t i = 0; i < n; ++i)
+    rows.push_back(MakeLine(outX[i], outY[i], inX[(i + 1) % n], inY[(i + 1) % n]));
   return rows;
 }
 
-inline std::vector<Corner> StarCorners(int points, double tip, double valley, double turn = 0, double tipFillet = 0,
-                                       double valleyFillet = 0) {
+inline std::vector<Corner> StarCorners(int points, double tip, double valley, double turn = 0,
+                                       double tipFillet = 0, double valleyFillet = 0) {
   std::vector<Corner> at;
   for (int k = 0; k < 2 * points; ++k) {
     const double r = k % 2 ? valley : tip, a = turn + k * TwoPi / (2 * points);
@@ -67,7 +68,8 @@ inline std::vector<Entity> RandomOutline(std::mt19937 &random, double R, int cor
     const Corner &p = at[(k + corners - 1) % corners], &q = at[(k + 1) % corners];
     Corner &c = at[k];
     const double l = std::min(std::hypot(p.X - c.X, p.Y - c.Y), std::hypot(q.X - c.X, q.Y - c.Y));
-    const double turn = std::abs(std::remainder(std::atan2(q.Y - c.Y, q.X - c.X) - std::atan2(c.Y - p.Y, c.X - p.X), TwoPi));
+    const double turn =
+        std::abs(std::remainder(std::atan2(q.Y - c.Y, q.X - c.X) - std::atan2(c.Y - p.Y, c.X - p.X), TwoPi));
     if (k % 2 == 0) c.Fillet = 0.3 * l * part(random) / std::tan(std::max(turn, 0.05) / 2);
   }
   return RoundedPolygon(at);
@@ -96,4 +98,6 @@ inline Entity ScaledRow(const Entity &e, double f) {
   return MakeArc(e.CenterX * f, e.CenterY * f, e.Radius * f, e.StartAngle, e.EndAngle);
 }
 
-inline Entity SwappedRow(const Entity &e) { return e.EntType == LineType ? MakeLine(e.X2, e.Y2, e.X1, e.Y1) : e; }
+inline Entity SwappedRow(const Entity &e) {
+  return e.EntType == LineType ? MakeLine(e.X2, e.Y2, e.X1, e.Y1) : e;
+}

@@ -13,13 +13,15 @@ constexpr const char *Unconnected = "Error: Can't Connect Entities";
 constexpr const char *EndBurning = "Can't Simulate End Burning Geometries";
 constexpr const char *NotClosed = "Error: Selection may not be fully closed:";
 
-std::vector<Entity> Square(double a) { return RoundedPolygon({{-a, -a, 0}, {a, -a, 0}, {a, a, 0}, {-a, a, 0}}); }
+std::vector<Entity> Square(double a) {
+  return RoundedPolygon({{-a, -a, 0}, {a, -a, 0}, {a, a, 0}, {-a, a, 0}});
+}
 
 struct Refused {
   const char *Name;
   std::vector<Entity> Rows;
   std::vector<const char *> AnyOf;
-  double X = 1e9, Y = 1e9;  // where the place is due, when it is known
+  double X = 1e9, Y = 1e9; // where the place is due, when it is known
 };
 
 TEST(Refusal, SaysWhyAndWhere) {
@@ -46,7 +48,9 @@ TEST(Refusal, SaysWhyAndWhere) {
       {"two outlines", twoLoops, {Unconnected}},
       {"a circle beside an outline", withCircle, {Unconnected}},
       {"bow tie", RoundedPolygon({{-8, -5, 0}, {8, 5, 0}, {8, -5, 0}, {-8, 5, 0}}), {Unconnected}, 0, 0},
-      {"loop inside", RoundedPolygon({{-9, -9, 0}, {9, -9, 0}, {9, 9, 0}, {-2, -6, 0}, {3, -7, 0}, {-9, 9, 0}}), {Unconnected}},
+      {"loop inside",
+       RoundedPolygon({{-9, -9, 0}, {9, -9, 0}, {9, 9, 0}, {-2, -6, 0}, {3, -7, 0}, {-9, 9, 0}}),
+       {Unconnected}},
       {"only the grain circle", {MakeCircle(0, 0, 20)}, {EndBurning}},
       {"circle larger than the grain", {MakeCircle(1, 0, 30)}, {EndBurning}},
       {"outside the grain", {MakeCircle(40, 0, 5)}, {EndBurning}},
@@ -127,4 +131,4 @@ TEST(Refusal, StopsWhenAsked) {
   EXPECT_EQ(calls, 3);
 }
 
-}  // namespace
+} // namespace

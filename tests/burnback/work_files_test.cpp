@@ -59,14 +59,16 @@ TEST_F(Files, GraphicFileHoldsTheWholeBurn) {
       ASSERT_TRUE(Take(in, index));
       const double *wall = f + count - 4;
       cases += wall[0] != 0 || wall[1] != 0 || wall[2] != 0 || wall[3] != 0;
-      const bool caseArc = type != 1 && f[0] == 0 && f[1] == 0 && f[2] == 25;  // the debug display's wall arcs
+      const bool caseArc = type != 1 && f[0] == 0 && f[1] == 0 && f[2] == 25; // the debug display's wall arcs
       if (caseArc) continue;
-      if (type == 1) perimeter += std::hypot(f[2] - f[0], f[3] - f[1]);
-      else perimeter += f[2] * (f[4] > f[3] ? f[4] - f[3] : f[4] - f[3] + TwoPi);
+      if (type == 1)
+        perimeter += std::hypot(f[2] - f[0], f[3] - f[1]);
+      else
+        perimeter += f[2] * (f[4] > f[3] ? f[4] - f[3] : f[4] - f[3] + TwoPi);
     }
     EXPECT_TRUE(AtEnd(in));
     EXPECT_EQ(steps, Run.StepCount);
-    EXPECT_EQ(cases > 0, debug == 1);  // the points at the wall are told in debug mode only
+    EXPECT_EQ(cases > 0, debug == 1); // the points at the wall are told in debug mode only
   }
 }
 
@@ -105,7 +107,7 @@ TEST_F(Files, ExportRunAtAStepOfItsOwn) {
   BurnRefusal refusal;
   const double s = 0.7;
   ASSERT_TRUE(RunSim3(tube, options, s, Run, refusal)) << refusal.Text;
-  ASSERT_EQ(Run.StepCount, 21);  // 10 + 21 x 0.7 = 24.7
+  ASSERT_EQ(Run.StepCount, 21); // 10 + 21 x 0.7 = 24.7
   for (int i = 0; i < Run.RowsReached; ++i) {
     const double b = (i + 1) * s, r = 10 + b;
     EXPECT_NEAR(Run.Figures[i].CoreArea, (120 - 2 * b) * TwoPi * r, 1e-7);
@@ -116,7 +118,8 @@ TEST_F(Files, ExportRunAtAStepOfItsOwn) {
   }
   EXPECT_FALSE(Bytes("GraphicFile").empty());
   EXPECT_FALSE(Bytes("GraphicFile2").empty());
-  for (const double bad : {0.0, -1.0, 25.1, 0.001}) EXPECT_FALSE(RunSim3(tube, options, bad, Run, refusal)) << bad;
+  for (const double bad : {0.0, -1.0, 25.1, 0.001})
+    EXPECT_FALSE(RunSim3(tube, options, bad, Run, refusal)) << bad;
 }
 
 TEST_F(Files, OutlinesLieOnTheDrawing) {
@@ -127,10 +130,11 @@ TEST_F(Files, OutlinesLieOnTheDrawing) {
     double nearest = 1e9;
     for (int k = 0; k <= Star.Table.EntCount; ++k) {
       const Entity &e = Star.Table.Row[k];
-      nearest = std::min({nearest, std::hypot(e.X1 - o.X1, e.Y1 - o.Y1), std::hypot(e.X2 - o.X1, e.Y2 - o.Y1)});
+      nearest =
+          std::min({nearest, std::hypot(e.X1 - o.X1, e.Y1 - o.Y1), std::hypot(e.X2 - o.X1, e.Y2 - o.Y1)});
     }
     EXPECT_LT(nearest, 0.05);
   }
 }
 
-}  // namespace
+} // namespace
