@@ -160,13 +160,13 @@ bool CutBack(const PickedRow &pick, Point corner, Point tangent, Solution &solut
 }
 
 std::optional<Entity> FacingArc(const Blend &b, double radius) {
-  const double g1 = NormalAngle(AngleAbout(b.T1, b.Centre, radius));
-  const double g2 = NormalAngle(AngleAbout(b.T2, b.Centre, radius));
-  const double q = Distance(b.Centre, b.Corner);
-  const double gc = q > 0 ? AngleAbout(b.Corner, b.Centre, q) : 0;
-  if (g1 == NoAngle || g2 == NoAngle || gc == NoAngle) return std::nullopt;
+  const double angle1 = NormalAngle(AngleAbout(b.T1, b.Centre, radius));
+  const double angle2 = NormalAngle(AngleAbout(b.T2, b.Centre, radius));
+  if (angle1 == NoAngle || angle2 == NoAngle) return std::nullopt;
+  // Which way round is told by full angles: near 0 the 32-bit ones may change places.
+  const double g1 = Bearing(b.Centre, b.T1), g2 = Bearing(b.Centre, b.T2), gc = Bearing(b.Centre, b.Corner);
   const bool forward = (g2 > gc && gc > g1) || (g1 > g2 && (gc < g2 || gc > g1));
-  Entity arc = MakeArc(b.Centre.X, b.Centre.Y, radius, forward ? g1 : g2, forward ? g2 : g1);
+  Entity arc = MakeArc(b.Centre.X, b.Centre.Y, radius, forward ? angle1 : angle2, forward ? angle2 : angle1);
   const Point first = forward ? b.T1 : b.T2, second = forward ? b.T2 : b.T1;
   arc.X1 = first.X;
   arc.Y1 = first.Y;

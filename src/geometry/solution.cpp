@@ -3,9 +3,17 @@
 #include "geometry/carrier.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <string>
+
+namespace {
+double OffRow(const Entity &e, Point p) {
+  if (e.EntType == LineType) return std::abs(AsideOf(CarrierOf(e), p));
+  return std::abs(Distance(CentreOf(e), p) - e.Radius);
+}
+} // namespace
 
 PickedRow RowPick(const EntityTable &table, int index, Point position) {
   PickedRow pick{true, index, RowAt(table, index), position};
@@ -20,20 +28,25 @@ PickedRow PickRow(const EntityTable &table, Point position, double grainRadius, 
     row.GeomAbort = found.GeomAbort;
     if (found.Found) row = RowPick(in, found.Index, position);
   };
-  const int last = static_cast<int>(table.Row.size()) - 1;
-  if (!grainCircle || table.EntCount >= last) {
+  if (!grainCircle) {
     take(table, FindEntity(table, position, grainRadius, scope));
-    if (!grainCircle || row.Found) return row;
-    // No room beside 301 rows: the edge is asked alone.
-    const auto edge = std::make_unique<EntityTable>();
-    AddGrainCircle(*edge, grainRadius);
-    take(*edge, FindEntity(*edge, position, grainRadius, scope));
-    if (row.Found) row.Index = last + 1;
     return row;
   }
-  const auto with = std::make_unique<EntityTable>(table);
-  AddGrainCircle(*with, grainRadius);
-  take(*with, FindEntity(*with, position, grainRadius, scope));
+  if (table.EntCount < static_cast<int>(table.Row.size()) - 1) {
+    const auto with = std::make_unique<EntityTable>(table);
+    AddGrainCircle(*with, grainRadius);
+    take(*with, FindEntity(*with, position, grainRadius, scope));
+    return row;
+  }
+  // No room beside 301 rows: the edge is asked alone, and the nearer of both is meant.
+  take(table, FindEntity(table, position, grainRadius, scope));
+  const auto edge = std::make_unique<EntityTable>();
+  AddGrainCircle(*edge, grainRadius);
+  const PickedRow outer = PickRow(*edge, position, grainRadius);
+  if (outer.Found && (!row.Found || OffRow(outer.Row, position) < OffRow(row.Row, position))) {
+    row = outer;
+    row.Index = table.EntCount + 1;
+  }
   return row;
 }
 

@@ -68,14 +68,15 @@ std::optional<Touching> TouchThree(const Lines &l) {
 }
 
 std::optional<Entity> ArcThrough(const Touching &t) {
-  std::array<double, 3> a{};
+  std::array<double, 3> angle{}, a{}; // what is kept, and what the order is told by
   for (std::size_t i = 0; i < 3; ++i) {
-    a[i] = NormalAngle(AngleAbout(t.Foot[i], t.Centre, t.Radius));
-    if (a[i] == NoAngle) return std::nullopt;
+    angle[i] = NormalAngle(AngleAbout(t.Foot[i], t.Centre, t.Radius));
+    if (angle[i] == NoAngle) return std::nullopt;
+    a[i] = Bearing(t.Centre, t.Foot[i]);
   }
   const bool forward = (a[2] > a[1] && a[1] > a[0]) || (a[0] > a[2] && (a[1] < a[2] || a[1] > a[0]));
   const std::size_t from = forward ? 0 : 2, to = forward ? 2 : 0;
-  Entity arc = MakeArc(t.Centre.X, t.Centre.Y, t.Radius, a[from], a[to]);
+  Entity arc = MakeArc(t.Centre.X, t.Centre.Y, t.Radius, angle[from], angle[to]);
   arc.X1 = t.Foot[from].X;
   arc.Y1 = t.Foot[from].Y;
   arc.X2 = t.Foot[to].X;

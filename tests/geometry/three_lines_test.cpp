@@ -124,7 +124,7 @@ TEST(ThreeLines, RandomTrianglesAndTheirOutsides) {
     }
   }
   EXPECT_GT(refused, 100);
-  EXPECT_LT(refused, 2500);
+  EXPECT_LT(refused, 2500 * Rounds());
 }
 
 TEST(ThreeLines, ParallelPairsAndRefusals) {
