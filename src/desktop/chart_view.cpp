@@ -5,8 +5,9 @@
 #include <tuple>
 
 namespace {
+// Of the same hue: darker over a light fill, lighter over a dark one on a dark ground.
 QColor LineOver(const QColor &fill, const Theme &theme) {
-  return theme.Dark ? fill.lighter(120) : fill.darker(150);
+  return theme.Dark && fill.lightness() < 140 ? fill.lighter(140) : fill.darker(165);
 }
 auto CurvesOf(const Chart &c) { return std::tie(c.Title, c.XTitle, c.YTitle, c.Stacked, c.X, c.Series); }
 } // namespace
@@ -106,8 +107,9 @@ void ChartView::paintEvent(QPaintEvent *event) {
   if (text.isEmpty()) return;
   painter.setFont(TypeFont(Type::Head));
   const QSizeF size = painter.fontMetrics().size(0, text) + QSize(14, 6);
-  const bool left = x + 6 + size.width() > area.right();
-  const QRectF tag(QPointF(left ? x - 6 - size.width() : x + 6, area.top() + 4), size);
+  const double wanted = x + 6 + size.width() > area.right() ? x - 6 - size.width() : x + 6;
+  const QRectF tag(
+      QPointF(std::clamp(wanted, 1.0, std::max(1.0, width() - size.width() - 1)), area.top() + 4), size);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(Colours->Hairline, 1));
   painter.setBrush(Colours->Field);

@@ -49,19 +49,18 @@ void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
 void DrawPanel::paintEvent(QPaintEvent *) {
   const QSizeF pixels = size();
   const SurfaceView view = FitView(Shown, pixels);
-  const std::span<const DrawItem> items = Shown.Item;
   if (Still.isNull()) {
     Still = QPixmap(size() * devicePixelRatioF());
     Still.setDevicePixelRatio(devicePixelRatioF());
     QPainter painter(&Still);
     painter.setFont(TypeFont(Type::Small));
     PaintGround(painter, Shown, view, pixels, *Colours);
-    PaintItems(painter, items.first(StillCount), view, *Colours);
+    PaintItems(painter, Shown, 0, StillCount, view, *Colours);
   }
   QPainter painter(this);
   painter.setFont(TypeFont(Type::Small));
   painter.drawPixmap(0, 0, Still);
-  PaintItems(painter, items.subspan(StillCount), view, *Colours);
+  PaintItems(painter, Shown, StillCount, Shown.Item.size(), view, *Colours);
   PaintContourScale(painter, Shown, pixels, *Colours);
 }
 

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
 
 namespace {
@@ -39,7 +40,8 @@ QScrollArea *Scrolled(QWidget *pane, int width) {
   area->setFocusPolicy(Qt::NoFocus);
   pane->setMinimumWidth(width);
   area->setWidget(pane);
-  area->setFixedWidth(std::max(width, pane->sizeHint().width()) + 2);
+  area->setFixedWidth(std::max(width, pane->sizeHint().width()) +
+                      area->verticalScrollBar()->sizeHint().width());
   return area;
 }
 
@@ -84,9 +86,11 @@ QWidget *BuildReportPane(Bindings &bindings) {
   } Figures[] = {{Ctl::Burn_Area, "Max Burn Area", "mm\u00b2"}, {Ctl::Kn_Ratio, "Max Kn Ratio", ""},
                  {Ctl::Ap_At_Ratio, "Ap/At Ratio", ""},         {Ctl::Volume_Loadings, "Volume Loading", ""},
                  {Ctl::Sliver_Fraction, "Sliver Fraction", ""}, {Ctl::Neutrallity, "Neutrality", ""}};
-  // Fifteen digits, as the figures without a fixed form have.
-  const int room = QFontMetrics(TypeFont(Type::Large)).horizontalAdvance("00000.000") +
-                   QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("00000000") + 40;
+  // Fifteen digits, as the figures without a fixed form have; the words of the button.
+  const int digits = QFontMetrics(TypeFont(Type::Large)).horizontalAdvance("00000.000") +
+                     QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("00000000");
+  const int words = QFontMetrics(TypeFont(Type::Base)).horizontalAdvance("Motor Performance...") + 40;
+  const int room = std::max(digits, words) + 40;
   auto *pane = new QWidget;
   auto *column = new QVBoxLayout(pane);
   column->setContentsMargins(16, 14, 16, 16);

@@ -104,7 +104,7 @@ void QtScreen::Mirror() {
   }
   if (!main && WasShown) {
     Window->hide();
-    App.quit();
+    App.exit(); // quit would ask the hidden window to close once more
   }
   if (Focus != Ctl::Count) {
     const Ctl wish = std::exchange(Focus, Ctl::Count);

@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <cmath>
 #include <numbers>
+#include <span>
+#include <vector>
 
 namespace {
 constexpr double Degrees = 180 / std::numbers::pi;
@@ -27,6 +29,27 @@ QRectF Around(QPointF centre, double radius) {
 
 void AddArc(QPainterPath &path, QPointF centre, double radius, double start, double sweep) {
   path.arcTo(Around(centre, radius), start * Degrees, sweep * Degrees);
+}
+
+// Contours nearer to each other than the eye parts are painted as bands that touch, some of them as lines on
+// top.
+struct ContourForm {
+  double Band = 1; // pixels
+  int LineEvery = 1;
+};
+
+ContourForm FormOf(std::span<const DrawItem> items, double pixels) {
+  constexpr double Parted = 4, Lines = 14; // pixels
+  int count = 0;
+  const DrawItem *last = nullptr;
+  for (const DrawItem &item : items) {
+    if (item.Role != Ink::Contour) continue;
+    count += !last || last->Colour != item.Colour;
+    last = &item;
+  }
+  const double gap = pixels / std::max(1, count);
+  if (gap >= Parted) return {};
+  return {gap + 0.75, static_cast<int>(std::ceil(Lines / std::max(gap, 0.05)))};
 }
 
 bool SameInk(const DrawItem &a, const DrawItem &b) {
@@ -115,19 +138,38 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   painter.restore();
 }
 
-void PaintItems(QPainter &painter, std::span<const DrawItem> items, const SurfaceView &view,
-                const Theme &theme) {
+void PaintItems(QPainter &painter, const DrawSurface &surface, std::size_t first, std::size_t last,
+                const SurfaceView &view, const Theme &theme) {
+  const auto items = std::span(surface.Item).subspan(first, last - first);
+  const ContourForm form = FormOf(surface.Item, (surface.ContourTo - surface.ContourFrom) * view.Scale);
+  QPainterPath disc;
+  disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(Qt::NoBrush);
   QPainterPath path;
   const DrawItem *ink = nullptr;
+  int contour = 0;
+  std::vector<std::pair<QPainterPath, QColor>> lines;
   const auto flush = [&] {
-    if (!path.isEmpty()) painter.strokePath(path, PenOf(*ink, theme));
+    if (path.isEmpty()) return;
+    QPen pen = PenOf(*ink, theme);
+    if (ink->Role == Ink::Contour && form.LineEvery > 1) {
+      pen.setWidthF(form.Band);
+      if (contour++ % form.LineEvery == 0)
+        lines.emplace_back(path, pen.color().darker(theme.Dark ? 75 : 145));
+    }
+    painter.setClipPath(disc, ink->Role == Ink::Contour ? Qt::ReplaceClip : Qt::NoClip);
+    painter.strokePath(path, pen);
     path.clear();
+  };
+  const auto flushLines = [&] {
+    for (const auto &[line, colour] : lines) painter.strokePath(line, QPen(colour, 1));
+    lines.clear();
   };
   for (const DrawItem &item : items) {
     if (!ink || !SameInk(*ink, item)) {
       flush();
+      if (item.Role != Ink::Contour) flushLines();
       ink = &item;
     }
     const QPointF p = view.ToPixels(item.At[0], item.At[1]);
@@ -141,6 +183,8 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const Surfac
     }
   }
   flush();
+  flushLines();
+  painter.setClipping(false);
 }
 
 void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pixels, const Theme &theme) {

@@ -3,7 +3,6 @@
 #include "platform/draw_surface.h"
 
 #include <QPainter>
-#include <span>
 
 // Drawing units to pixels: the same scale in both directions, the drawing's window whole and centred.
 struct SurfaceView {
@@ -14,6 +13,8 @@ struct SurfaceView {
 SurfaceView FitView(const DrawSurface &, QSizeF pixels);
 
 void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
-void PaintItems(QPainter &, std::span<const DrawItem>, const SurfaceView &, const Theme &);
+// Items first .. last-1 of the surface.
+void PaintItems(QPainter &, const DrawSurface &, std::size_t first, std::size_t last, const SurfaceView &,
+                const Theme &);
 void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
                        const Theme &); // nothing without contours

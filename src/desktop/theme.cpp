@@ -51,7 +51,7 @@ QToolButton:hover:enabled { background: @Hover; }
 QToolButton:pressed, QToolButton:checked { background: @Pressed; }
 QToolButton:focus { border-color: @Accent; }
 QToolButton:disabled { color: @Faint; }
-QPushButton { min-height: 18px; padding: 5px 16px; border: 1px solid @Edge; border-radius: 6px; background: @Field; }
+QPushButton { padding: 5px 16px; border: 1px solid @Edge; border-radius: 6px; background: @Field; }
 QPushButton:hover:enabled { background: @Hover; }
 QPushButton:pressed { background: @Pressed; }
 QPushButton:focus { border: 1px solid @Accent; outline: none; }
@@ -65,7 +65,7 @@ QPushButton#RunSim2:focus { padding: 5px 19px; }
 QPushButton#Design_Mode { font-weight: 600; padding: 6px 16px; }
 QLineEdit, QTextBrowser, QListView, QTreeView { background: @Field; border: 1px solid @Edge; border-radius: 6px;
   selection-background-color: @Accent; selection-color: @AccentText; }
-QComboBox { background: @Field; border: 1px solid @Edge; border-radius: 6px; padding: 5px 8px; min-height: 18px; }
+QComboBox { background: @Field; border: 1px solid @Edge; border-radius: 6px; padding: 5px 8px; }
 QComboBox:focus { border-color: @Accent; }
 QComboBox::drop-down { border: none; width: 26px; }
 QComboBox::down-arrow { image: url(:/icons/@Ticks/down.svg); width: 14px; height: 14px; }
@@ -79,7 +79,7 @@ QTreeView::item:hover, QListView::item:hover { background: @Hover; }
 QTreeView::item:selected, QListView::item:selected { background: @Pressed; color: @Text; }
 QScrollArea { border: none; background: transparent; }
 QScrollArea > QWidget > QWidget { background: transparent; }
-QLineEdit { padding: 5px 8px; min-height: 18px; }
+QLineEdit { padding: 5px 8px; }
 QLineEdit:focus { border-color: @Accent; }
 QCheckBox { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; border-radius: 4px; }
 QCheckBox:focus { border-color: @Accent; }

@@ -12,6 +12,7 @@ if(XVFB_RUN)
   add_test(NAME desktop COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" $<TARGET_FILE:test_desktop>)
   add_test(NAME desktop_scale_2 COMMAND ${XVFB_RUN} -a -s "-screen 0 1920x1080x24" $<TARGET_FILE:test_desktop>
     --gtest_filter=Layout.*)
+  set_tests_properties(desktop desktop_scale_2 PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
   set_tests_properties(desktop_scale_2 PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=2)
 else()
   message(STATUS "xvfb-run not found: the desktop tests need the display of this session")

@@ -178,7 +178,12 @@ Outcome Uncut(QWidget &whole) {
     const QSize need = label && label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
                                                   : part->minimumSizeHint().boundedTo(part->sizeHint());
     if (part->width() < need.width() || part->height() < need.height())
-      return {Step::Later, part->objectName() + " \"" + TextOf(*part) + "\" is cut"};
+      return {Step::Later, QString("%1 \"%2\" has %3 x %4 and needs %5 x %6")
+                               .arg(part->objectName(), TextOf(*part))
+                               .arg(part->width())
+                               .arg(part->height())
+                               .arg(need.width())
+                               .arg(need.height())};
   }
   return {};
 }
@@ -258,11 +263,11 @@ Outcome Perform(const QString &line) {
 
 void CloseAll(Player &player) {
   QWidget *front = Front();
-  if (!front || (!QApplication::activeModalWidget() && qobject_cast<QMainWindow *>(front))) {
-    player.App.quit();
-    return;
-  }
-  front->close();
+  if (!front || !QApplication::activeModalWidget()) return player.App.exit(); // windows are not asked
+  if (auto *box = qobject_cast<QMessageBox *>(front))
+    box->done(QMessageBox::Cancel);
+  else
+    front->close();
   QTimer::singleShot(Beat, &player.App, [&player] { CloseAll(player); });
 }
 
