@@ -225,6 +225,14 @@ TEST(Fillet, MessagesByKindOfPair) {
       {upright, circle, {0, 9}, {-7, 7}, 200, "Error: No Solution"},
       {MakeLine(20, 0, 20, 9), arc, {20, 3}, {9, 3}, 1, "Error: No Solution"},
       {arc, other, {-2, 9}, {9, 9}, 11, "Chosen Radius Too Large for chosen Arc(s)"},
+      // The tangent point would lie beyond the short arc's other end.
+      {MakeLine(10, 0, 20, 0),
+       MakeArc(0, 0, 10, 0, 0.3),
+       {15, 0},
+       {9.9, 1.4},
+       5,
+       "Chosen Radius Too Large for chosen Arc(s)"},
+      {MakeLine(10, 0, 20, 0), MakeArc(0, 0, 10, 0, 0.4), {15, 0}, {9.9, 1.4}, 5, ""},
       {arc, MakeArc(40, 0, 10, 0, Pi), {9, 3}, {31, 3}, 1, "Error - 2 Arcs don't Intersect"},
       {arc, MakeArc(0, 0, 7, 0, Pi), {9, 3}, {6, 3}, 1, "Error - 2 Arcs don't Intersect"},
   };

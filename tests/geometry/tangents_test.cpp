@@ -86,6 +86,7 @@ TEST(Tangents, OfNote) {
   line = tan(left, {1, 0}, right, {11, 0}).Added[0];
   EXPECT_NEAR(line.Y1, -std::sqrt(0.96), 1e-12);
   EXPECT_NEAR(line.Y2, std::sqrt(0.96), 1e-12);
+  EXPECT_LT(tan(left, {-1, 0}, CircleRow({-10, 0}, 1), {-11, 0}).Added[0].Y1, 0);
 }
 
 TEST(Tangents, SquareToBothAtTheirOwnPicks) {

@@ -195,6 +195,8 @@ TEST(Trim, CasesOfNote) {
   // A click just past the kept end keeps that end.
   row = single(flat, {10.2, 0}, upright, {3, 4}).Changed[0].Row;
   EXPECT_TRUE(std::abs(row.X1 - 3) < 1e-12 && row.X2 == 10);
+  row = single(flat, {-10.2, 0}, upright, {3, 4}).Changed[0].Row;
+  EXPECT_TRUE(row.X1 == -10 && std::abs(row.X2 - 3) < 1e-12);
   // A pick exactly at the crossing moves the second end.
   row = TrimMultiOp(PickedAt(0, flat, {3, 0}), PickedAt(1, upright, {3, 4})).Changed[0].Row;
   EXPECT_TRUE(row.X1 == -10 && std::abs(row.X2 - 3) < 1e-12);
@@ -210,6 +212,23 @@ TEST(Trim, CasesOfNote) {
               "Error: Can't find Intersection");
   EXPECT_EQ(single(half, {0, 5}, CircleRow({0, 0}, 5), {0, 5}).Failure.Text,
             "Error: Can't find Intersection");
+}
+
+// A line that was computed to touch misses or cuts by a rounding; it must still end where it touches.
+TEST(Trim, ComputedTangentsEndAtTheirTouchingPoint) {
+  Dice dice(25);
+  for (int i = 0; i < 3000 * Rounds() && !testing::Test::HasFailure(); ++i) {
+    SCOPED_TRACE(testing::Message() << "seed " << Seed() << " round " << i);
+    const double r = dice.Size(), a = dice.Between(0, TwoPi), size = 500;
+    const Entity circle = CircleRow({dice.Between(-0.9, 0.9) * size, dice.Between(-0.9, 0.9) * size}, r);
+    const Point touch = OnRound(circle, a);
+    const auto along = [&](double t) { return Point{touch.X - t * std::sin(a), touch.Y + t * std::cos(a)}; };
+    const Point from = along(-dice.Between(50, 500)), to = along(dice.Between(50, 500));
+    const Entity line = MakeLine(from.X, from.Y, to.X, to.Y);
+    const Solution s = TrimEnds(PickedAt(0, line, from), PickedAt(1, circle, touch));
+    ASSERT_TRUE(s.Solved());
+    EXPECT_LT(Distance(SecondEnd2(s.Changed[0].Row), touch), 1e-6);
+  }
 }
 
 TEST(Trim, Refusals) {
