@@ -178,7 +178,11 @@ std::string RandomFormula(std::mt19937_64 &random, int depth, double &value) {
   case 3: value = a / b; return "(" + left + ")/(" + right + ")";
   case 4: value = std::sin(a); return "Sin(" + left + ")";
   case 5: value = -std::atan(a); return "-arctan(" + left + ")";
-  default: value = std::pow(a, 2.0); return "(" + left + ")^2";
+  default: {
+    const unsigned power = below(4);
+    value = std::pow(a, static_cast<double>(power));
+    return "(" + left + ")^" + std::to_string(power);
+  }
   }
 }
 
