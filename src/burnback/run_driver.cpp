@@ -203,10 +203,16 @@ bool BurnDesign(const Design &design, const BurnOptions &options, BurnRun &run, 
     return false;
   FillFigures(design.Doc, fresh);
   if (files) {
+    // Not synced to the disk as a design is: the next run writes them anew.
+    const auto write = [&](const char *name, const std::string &text) {
+      StreamedFile file;
+      OpenStreamed(file, options.WorkFolder + name);
+      WriteStreamed(file, text);
+      return CommitStreamed(file);
+    };
     std::string trouble = CommitStreamed(graphicFile);
-    if (trouble.empty()) trouble = WriteWhole(options.WorkFolder + "CheckFile", CheckFileText(fresh));
-    if (trouble.empty() && options.KnBatch)
-      trouble = WriteWhole(options.WorkFolder + "KnProfile", KnProfileText(fresh));
+    if (trouble.empty()) trouble = write("CheckFile", CheckFileText(fresh));
+    if (trouble.empty() && options.KnBatch) trouble = write("KnProfile", KnProfileText(fresh));
     if (!trouble.empty()) return badUse(trouble);
   }
   run = std::move(fresh);
