@@ -11,6 +11,7 @@
 #include <QLocale>
 
 #include <cstdio>
+#include <cstdlib>
 
 int main(int argc, char **argv) {
   const CommandLine line = ReadCommandLine({argv + 1, argv + argc});
@@ -21,6 +22,12 @@ int main(int argc, char **argv) {
     if (!words.empty()) std::fprintf(stderr, "%s\n", words.c_str());
     return code;
   }
+#ifdef __linux__
+  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
+    std::fprintf(stderr, "morvandel: there is no display here; morvandel-cli burns without one\n");
+    return 2;
+  }
+#endif
   int one = 1; // the arguments are the core's; the toolkit takes none of them
   QApplication app(one, argv);
   QLocale::setDefault(QLocale::c());
