@@ -101,8 +101,10 @@ void ChartView::paintEvent(QPaintEvent *event) {
   const QRect area = axisRect()->rect();
   const double x = xAxis->coordToPixel(Shown.X[static_cast<std::size_t>(Shown.CursorStep - 1)]);
   QPainter painter(this);
-  painter.setPen(QPen(Colours->Text, 1));
-  painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
+  for (const QPen &pen : {QPen(Colours->Field, 3), QPen(Colours->Text, 1)}) { // seen on ground and fill alike
+    painter.setPen(pen);
+    painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
+  }
   const QString text = QString::fromStdString(Shown.CursorText);
   if (text.isEmpty()) return;
   painter.setFont(TypeFont(Type::Head));

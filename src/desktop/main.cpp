@@ -9,7 +9,6 @@
 #include "shell/work_folder.h"
 
 #include <QLocale>
-
 #include <cstdio>
 #include <cstdlib>
 
