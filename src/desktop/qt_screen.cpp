@@ -101,6 +101,7 @@ void QtScreen::Mirror() {
     WasShown = true;
     Window->Restore(MainPlace);
     Window->show();
+    Window->activateWindow();
   }
   if (!main && WasShown) {
     Window->hide();
