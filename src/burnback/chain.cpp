@@ -120,8 +120,8 @@ void EndOf(const ChainLink &c, bool far, double &x, double &y) {
 }
 
 double SweepOf(const Entity &e) {
-  const double sweep = e.EndAngle - e.StartAngle;
-  return sweep > 0 ? sweep : sweep + TwoPi;
+  const double sweep = e.EndAngle - e.StartAngle, within = sweep - TwoPi * std::floor(sweep / TwoPi);
+  return within > 0 ? within : TwoPi;
 }
 
 bool WholeTurn(const Entity &e) {

@@ -46,6 +46,7 @@ void Init(Profile &p, const EntityTable &table, double grainRadius, double joinT
   p.GrainRadius = grainRadius;
   p.DesignEntCount = table.EntCount + 1;
   const BurnTolerance tol = ToleranceOf(grainRadius);
+  joinTolerance = std::max(joinTolerance, 1e-9 * grainRadius); // a file may hold 0
   std::vector<Entity> copy;
   for (int i = 0; i <= table.EntCount; ++i) {
     const Entity &e = RowAt(table, i);

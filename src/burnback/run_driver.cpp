@@ -55,7 +55,8 @@ std::string CheckStep(double R, double step) {
 
 bool CheckOutline(const Design &design, BurnRun &run, BurnRefusal &refusal) {
   const double R = design.Doc.GrainRadius;
-  const AreaScan scan = ScanArea(design.Table, R, R / 100, false, design.Doc.JoinTolerance);
+  const AreaScan scan =
+      ScanArea(design.Table, R, R / 100, false, std::max(design.Doc.JoinTolerance, 1e-9 * R));
   if (scan.Closed) {
     run.CentroidX = scan.CentroidX;
     run.CentroidY = scan.CentroidY;

@@ -113,6 +113,19 @@ TEST(Refusal, HarmlessOddities) {
   std::vector<Entity> withDot = Square(8);
   withDot.push_back(MakeLine(8, 8, 8, 8));
   EXPECT_NEAR(burn(withDot).MaxBurnArea, plain.MaxBurnArea, 1e-6);
+  // Angles of another turn, and a file that holds no joining tolerance.
+  const std::vector<Entity> round = RoundedPolygon({{-8, -8, 2}, {8, -8, 2}, {8, 8, 2}, {-8, 8, 2}});
+  Design odd = MakeDesign(40);
+  odd.Doc.JoinTolerance = 0;
+  int turn = -1;
+  for (Entity e : round) {
+    if (e.EntType == ArcType) e.StartAngle += TwoPi * turn, e.EndAngle += TwoPi, ++turn;
+    AppendRow(odd.Table, e);
+  }
+  BurnRun run;
+  BurnRefusal refusal;
+  ASSERT_TRUE(BurnDesign(odd, {}, run, refusal)) << refusal.Text;
+  EXPECT_NEAR(run.MaxBurnArea, burn(round).MaxBurnArea, 1e-6);
   const BurnRun touching = burn(RoundedPolygon({{-8, -8, 0}, {8, -8, 0}, {20, 0, 0}, {8, 8, 0}, {-8, 8, 0}}));
   EXPECT_NEAR(touching.TouchDist, 0.01, 1e-6);
   EXPECT_NEAR(touching.SectionAtStart, Pi * 400 - 256 - 96, 1e-6);
