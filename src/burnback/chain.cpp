@@ -19,9 +19,9 @@ void TurnEntity(Entity &e, double angle) {
     return;
   }
   TurnPoint(e.CenterX, e.CenterY, angle);
-  const double sweep = e.EndAngle - e.StartAngle;
+  const bool whole = WholeTurn(e);
   e.StartAngle = NormalAngle(e.StartAngle + angle);
-  e.EndAngle = sweep > 0 && sweep >= TwoPi - 1e-12 ? e.StartAngle + TwoPi : NormalAngle(e.EndAngle + angle);
+  e.EndAngle = whole ? e.StartAngle + TwoPi : NormalAngle(e.EndAngle + angle);
 }
 
 int AxisLines(const std::vector<Entity> &copy) {
