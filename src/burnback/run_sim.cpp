@@ -97,15 +97,29 @@ void Restart(Screen &screen, SimulationView &view) {
 
 } // namespace
 
+std::string RefusalWords(const BurnRefusal &refusal) {
+  if (!refusal.HasPlace) return refusal.Text;
+  return refusal.Text + " (at x = " + FormatMask(refusal.X, "0.0000") +
+         ", y = " + FormatMask(refusal.Y, "0.0000") + " mm)";
+}
+
 void RedrawResults(Design &design, Screen &screen, SimulationView &view) {
   DrawSurface &panel = screen.Panel;
   Redraw(panel, design);
   const BurnRun &run = view.Run;
-  const int every = std::max(1, static_cast<int>(std::lround(design.Doc.SimIncrementDisplay)));
+  const int every = static_cast<int>(std::lround(std::clamp(design.Doc.SimIncrementDisplay, 1.0, 1e6)));
   panel.ContourFrom = 0;
   panel.ContourTo = run.LastLiveDist;
   for (int step = every; step <= run.StepCount; step += every)
     DrawOutline(panel, run.Steps, step, Ink::Contour, Viridis(run.StepDist[step - 1] / run.LastLiveDist));
+  for (const WallMark &mark : run.WallMarks)
+    if (mark.Step % every == 0) {
+      DrawItem circle;
+      circle.What = DrawItem::Kind::Circle;
+      circle.Colour = mark.Second ? Blue : Red;
+      circle.At = {mark.X, mark.Y, 0.1};
+      Draw(panel, circle);
+    }
   view.SteadyItems = panel.Item.size();
   if (view.ReplayStep > 0) DrawOutline(panel, run.Steps, view.ReplayStep, Ink::Picked, Blue);
 }

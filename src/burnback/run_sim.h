@@ -17,6 +17,9 @@ struct SimulationPlace {
   bool KnBatch = false;
 };
 
+// A refusal's words with its place, for a console.
+std::string RefusalWords(const BurnRefusal &);
+
 // The run of the design on the screen: messages, outlines, report, charts. A refusal leaves design mode on
 // and marks its place in the drawing. Design::AppDir takes the work files.
 void RunSim2(Design &, Screen &, const SimulationPlace &, SimulationView &);

@@ -2,7 +2,7 @@
 
 #include "base/number_text.h"
 #include "base/whole_file.h"
-#include "burnback/burn_run.h"
+#include "burnback/run_sim.h"
 #include "cli/exit_codes.h"
 #include "cli/outputs.h"
 #include "outputs/picture.h"
@@ -129,6 +129,7 @@ int BurnCommand(const BurnArguments &a) {
     options.WorkFolder = a.WorkDir + "/";
   }
   Outputs outputs;
+  outputs.Input = a.File;
   for (const std::string *path : {&a.Table, &a.Svg, &a.Png})
     if (!path->empty())
       if (std::string trouble = PlanOutput(outputs, *path); !trouble.empty()) return Fail(BadUse, trouble);
@@ -142,9 +143,7 @@ int BurnCommand(const BurnArguments &a) {
     burnt = BurnDesign(design, options, run, refusal);
   }
   if (!burnt) {
-    std::string words = refusal.Text;
-    if (refusal.HasPlace) words += fmt::format(" (at x = {:.4f}, y = {:.4f} mm)", refusal.X, refusal.Y);
-    return Fail(refusal.BadUse ? BadUse : Refused, words);
+    return Fail(refusal.BadUse ? BadUse : Refused, RefusalWords(refusal));
   }
   if (!run.Notice.empty()) fmt::print(stderr, "{}\n", run.Notice);
 

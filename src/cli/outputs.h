@@ -3,12 +3,15 @@
 #include <string>
 #include <vector>
 
-// Output files that appear together or not at all: each is written beside its place first, and all are moved
-// into place at the end. Dropping the record without MoveIntoPlace leaves every target as it was.
+// Output files that appear together or not at all: each is written as a draft first, beside its place, and
+// all are moved into place at the end. Dropping the record without MoveIntoPlace leaves every target as it
+// was. A target that is no plain file (a pipe, a device) takes the draft's bytes at the end.
 struct Outputs {
   struct Target {
-    std::string Path, Draft;
+    std::string Path, Place, Draft; // as named; links followed
+    bool Plain = true;
   };
+  std::string Input; // a file that no output may overwrite
   std::vector<Target> All;
   Outputs() = default;
   Outputs(const Outputs &) = delete;

@@ -26,9 +26,10 @@ std::string Lowered(std::string_view text) {
   return low;
 }
 
-// A length counts when it is above 0 and its 32-bit form is finite.
+// A length counts when it is above 0 and finite, in its 32-bit form too, and so is its half.
 void TakeLength(double value, bool &has, double &to, int &count) {
-  if (!(value > 0) || value > static_cast<double>(std::numeric_limits<float>::max())) return;
+  if (value > static_cast<double>(std::numeric_limits<float>::max()) || !(static_cast<float>(value / 2) > 0))
+    return;
   has = true;
   to = value;
   ++count;

@@ -40,9 +40,10 @@ bool Refuse(Workbench &bench, const char *text, Ctl field) {
 
 bool Acceptable(Workbench &bench) {
   const DimensionsCopy &copy = bench.Dialog;
-  if (!(copy.Diameter > 0)) return Refuse(bench, "A NUMBER GREATER THAN 0 MUST BE ENTERED", Ctl::GrainDiam);
   const char *large = "THE NUMBER IS TOO LARGE";
   if (TooLarge(copy.Diameter)) return Refuse(bench, large, Ctl::GrainDiam);
+  if (!(static_cast<float>(copy.Diameter / 2) > 0))
+    return Refuse(bench, "A NUMBER GREATER THAN 0 MUST BE ENTERED", Ctl::GrainDiam);
   if (TooLarge(copy.Length)) return Refuse(bench, large, Ctl::GrainLength);
   if (TooLarge(copy.Throat)) return Refuse(bench, large, Ctl::Nozzle_Throat);
   return true;

@@ -8,6 +8,8 @@
 #include "shell/refresh_screen.h"
 #include "shell/start_up.h"
 
+#include <cmath>
+
 namespace {
 
 void SetTheme(Workbench &bench, const char *name) {
@@ -94,6 +96,7 @@ void Route(Workbench &bench, const Event &event) {
 void Dispatch(Workbench &bench, const Event &event) {
   if (event.Target == Ctl::Count || bench.Ended) return;
   if (bench.Running) return;
+  if (!std::isfinite(event.X) || !std::isfinite(event.Y) || !std::isfinite(event.Notches)) return;
   try {
     Route(bench, event);
   } catch (const Fault &fault) {

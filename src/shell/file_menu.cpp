@@ -92,8 +92,6 @@ bool ReadIntoDesign(Workbench &bench, const std::string &path) {
     Tell(bench, "Open", trouble);
     return false;
   }
-  fresh.Doc.GrainDiam = 2.0 * static_cast<double>(fresh.Doc.GrainRadius);
-  fresh.Doc.LinerThickness = fresh.Doc.GrainRadius / 20;
   fresh.CurrentFile = path;
   fresh.SavedFlag = true;
   bench.Grain = fresh;

@@ -1,6 +1,6 @@
 #include "shell/kn_batch.h"
 
-#include "burnback/burn_run.h"
+#include "burnback/run_sim.h"
 #include "shell/grain_file.h"
 
 int RunKnBatch(const CommandLine &line, const WorkFolders &folders, std::string &words) {
@@ -35,7 +35,7 @@ int RunKnBatch(const CommandLine &line, const WorkFolders &folders, std::string 
   BurnRun run;
   BurnRefusal refusal;
   if (!BurnDesign(design, options, run, refusal)) {
-    words = refusal.Text;
+    words = RefusalWords(refusal);
     return refusal.BadUse ? 2 : 1;
   }
   words = run.Notice;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace {
 
@@ -35,7 +36,13 @@ bool Numbers(std::string_view line, std::array<double, N> &value) {
   return line.empty();
 }
 
-void Send(Player &p, Event event) { Dispatch(p.Bench, event); }
+// Keys follow the focus that the core asks for, and go back to the drawing when its window has closed.
+void Send(Player &p, const Event &event) {
+  Dispatch(p.Bench, event);
+  if (p.Out.Focus != Ctl::Count) p.Field = std::exchange(p.Out.Focus, Ctl::Count);
+  const auto window = FindControl(RowOf(p.Field).Window);
+  if (window && !p.Out[*window].Visible) p.Field = Ctl::DrawPanel;
+}
 
 void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0) {
   Event e;
@@ -73,6 +80,7 @@ void Type(Player &p, std::string_view rest) {
 }
 
 void Key(Player &p, std::string_view name) {
+  if (p.Out.Focus != Ctl::Count) p.Field = std::exchange(p.Out.Focus, Ctl::Count);
   Event e;
   e.What = Event::Kind::Key;
   e.Target = p.Field;

@@ -34,6 +34,12 @@ std::string NewestCopy(const std::string &appDir) {
   return newest;
 }
 
+// A start that was called off leaves its copy behind: the next one needs no second.
+bool HoldsDesign(const std::string &copy, const Design &design) {
+  std::string bytes;
+  return !copy.empty() && ReadWhole(copy, bytes).empty() && bytes == GrainText(design, GrainForm::File);
+}
+
 void Recover(Workbench &bench, const std::string &left, std::vector<std::string> &notices) {
   Design found = bench.Grain;
   std::string trouble = ReadGrainFile(left, found);
@@ -44,12 +50,11 @@ void Recover(Workbench &bench, const std::string &left, std::vector<std::string>
                       (failed ? "" : "\nThe file is kept as " + left + ".unreadable"));
     return;
   }
-  found.Doc.GrainDiam = 2.0 * static_cast<double>(found.Doc.GrainRadius);
-  found.Doc.LinerThickness = found.Doc.GrainRadius / 20;
   found.SavedFlag = true;
   bench.Grain = found;
   if (found.Table.EntCount >= 0) {
-    trouble = WriteGrainFile(FreshCopyPath(bench.Folders.AppDir), found);
+    if (!HoldsDesign(NewestCopy(bench.Folders.AppDir), found))
+      trouble = WriteGrainFile(FreshCopyPath(bench.Folders.AppDir), found);
     if (!trouble.empty()) notices.push_back(trouble);
     bench.Recovered.Open = true;
   }

@@ -80,7 +80,10 @@ bool StartUp(Workbench &bench, const WorkFolders &folders, const CommandLine &li
   out[Ctl::frmSplash].Visible = false;
 
   const bool keyed = line.CmdParamCount >= 5 && bench.Grain.Doc.GrainDiam > 0;
-  if (!keyed && !AskDimensions(bench)) return false;
+  if (!keyed && !AskDimensions(bench)) {
+    if (!bench.Recovered.Open) EmptyWorkFile(bench); // a file named on the command line is no lost work
+    return false;
+  }
   ShowWholeGrain(bench);
   RefreshScreen(bench);
   out[Ctl::frmMain].Visible = true;

@@ -89,6 +89,9 @@ TEST_F(Burn, FailuresSayWhyAndLeaveTheOutputsAlone) {
       {"burn . --table old.csv", 2, "."},
       {"burn STAR --table old.csv --png /nowhere/p.png", 2, "/nowhere/p.png"},
       {"burn STAR --table old.csv --svg old.csv", 2, "old.csv"},
+      {"burn STAR --table old.csv --svg ./old.csv", 2, "two outputs"},
+      {"burn STAR --table old.csv --svg /dev/full", 2, "/dev/full"},
+      {"burn STAR --table STAR", 2, "the grain file itself"},
       {"burn STAR --table old.csv --workdir /nowhere", 2, "/nowhere"},
       {"burn STAR --table old.csv --step 0", 2, "--step"},
       {"burn STAR --table old.csv --step nan", 2, "--step"},
@@ -102,10 +105,15 @@ TEST_F(Burn, FailuresSayWhyAndLeaveTheOutputsAlone) {
       {"", 2, "subcommand"},
       {"fly", 2, "subcommand"},
       {"/Kn Gd=40", 2, "Gd="},
+      {"/Kn Gd=1e-45 Gl=9 Ea=1 Eb=1 Td=1", 2, "Gd="},
+      {"open.mvd /Kn Gd=100 Gl=9 Ea=1 Eb=1 Td=1", 1, "at x = "},
+      {"broken.mvd /Kn Gd=100 Gl=9 Ea=1 Eb=1 Td=1", 2, "broken.mvd: line 3"},
+      {"absent.mvd /Kn Gd=100 Gl=9 Ea=1 Eb=1 Td=1", 2, "absent.mvd"},
   };
   for (const auto &t : table) {
     std::string arguments = t.Arguments;
-    if (const auto at = arguments.find("STAR"); at != arguments.npos)
+    for (auto at = arguments.find("STAR"); at != arguments.npos;
+         at = arguments.find("STAR", at + Star.size()))
       arguments.replace(at, 4, "'" + Star + "'");
     EXPECT_EQ(Run(arguments), t.Code) << t.Arguments << ": " << Err;
     EXPECT_NE(Err.find(t.Words), std::string::npos) << t.Arguments << ": " << Err;

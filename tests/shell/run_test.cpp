@@ -1,6 +1,8 @@
 // RunSim2, replay and the way back, through Dispatch.
 #include "shell/journey.h"
 
+#include <cmath>
+
 namespace {
 
 int Items(const Journey &, const DrawSurface &panel, Ink role) {
@@ -68,6 +70,48 @@ TEST_F(Journey, RefusalsSpeakAndMark) {
   EXPECT_FALSE(FileExists(At("GraphicFile")));
   Play("press mnuRefresh");
   EXPECT_EQ(Items(*this, Screen().Panel, Ink::Fault), 0);
+}
+
+TEST_F(Journey, StoppedRunLeavesDesignModeAndNoFiles) {
+  struct ImpatientScreen : ScriptedScreen {
+    int Asked = 0;
+    bool Progress(double part) override {
+      EXPECT_TRUE(part >= 0 && part <= 1) << part;
+      EXPECT_TRUE((*this)[Ctl::SimMsg].Visible);
+      Event close; // what the user does meanwhile waits for the end of the run
+      close.What = Event::Kind::Close;
+      close.Target = Ctl::frmMain;
+      OnEvent(close);
+      return ++Asked < 2;
+    }
+  } screen;
+  Workbench bench(screen);
+  BindScript(bench, screen);
+  WorkFolders folders;
+  folders.AppDir = Home.string() + "/";
+  ASSERT_TRUE(StartUp(bench, folders, ReadCommandLine(FiveKeys())));
+  screen.Lines = ReadScript("drop " + Cases +
+                            "star6_fillet.mvd\npress RunSim2\nexpect count 24\nexpect visible "
+                            "Tools_Frame\nexpect hidden SimMsg\nexpect hidden MyChart1_Frame");
+  PlayScript(screen);
+  EXPECT_EQ(screen.Lines.Fault, "");
+  EXPECT_EQ(screen.Asked, 2);
+  EXPECT_FALSE(bench.Ended);
+  EXPECT_FALSE(FileExists(At("GraphicFile")));
+}
+
+TEST_F(Journey, DebugModeMarksTheEndsAtTheWall) {
+  ASSERT_TRUE(Start());
+  Play("drop " + Cases + "star6_fillet.mvd\npress mnuDebugMode\nexpect checked mnuDebugMode\npress RunSim2");
+  int marks = 0;
+  for (const DrawItem &item : Screen().Panel.Item)
+    if (item.What == DrawItem::Kind::Circle && item.At[2] == 0.1) {
+      EXPECT_NEAR(std::hypot(item.At[0], item.At[1]), 50, 1e-4);
+      ++marks;
+    }
+  EXPECT_GT(marks, 50);
+  Play("press Design_Mode\npress mnuDebugMode\npress RunSim2");
+  EXPECT_TRUE(Bench().Sim.Run.WallMarks.empty());
 }
 
 TEST_F(Journey, WithoutThroatThereIsNoKn) {

@@ -37,11 +37,20 @@ TEST_F(Journey, DimensionsDialogByKeyboard) {
           press Next
           expect box A NUMBER GREATER THAN 0 MUST BE ENTERED
           box OK
-          type GrainDiam 66
+          type GrainDiam 1e-60
           key Enter
-          type Nozzle_Throat 0
+          key Enter
+          press Next
+          expect box A NUMBER GREATER THAN 0 MUST BE ENTERED
+          box OK
+          type GrainDiam 66
           press EndA_Exposed
           type Nozzle_Throat 0
+          type GrainDiam 66
+          key Enter
+          expect visible Dimensions
+          key Enter
+          expect visible Dimensions
           key Enter)"));
   const GrainDoc &doc = Bench().Grain.Doc;
   EXPECT_EQ(doc.GrainDiam, 66);
@@ -55,6 +64,30 @@ TEST_F(Journey, DimensionsDialogByKeyboard) {
 TEST_F(Journey, CancelledDimensionsEndTheProcess) {
   EXPECT_FALSE(Start({}, "type GrainDiam 50\nkey Escape"));
   EXPECT_FALSE(Screen()[Ctl::frmMain].Visible);
+}
+
+TEST_F(Journey, CalledOffStartLeavesNothingToRecover) {
+  EXPECT_FALSE(Start({Cases + "d_port.mvd"}, "expect text GrainDiam 40\nkey Escape"));
+  EXPECT_EQ(Read("TempFile"), "");
+}
+
+TEST_F(Journey, CalledOffStartKeepsTheRecoveredDesign) {
+  ASSERT_TRUE(Start());
+  Play("drop " + Cases + "d_port.mvd"); // and then the program dies
+  EXPECT_FALSE(Start({}, "key Escape"));
+  EXPECT_FALSE(Start({}, "key Escape"));
+  ASSERT_TRUE(Start({}, "press Next"));
+  Play("expect count 2\nexpect visible RecoveryBar");
+  int copies = 0;
+  for (const auto &file : std::filesystem::directory_iterator(Home))
+    copies += file.path().filename().string().starts_with("Recovered ");
+  EXPECT_EQ(copies, 1);
+  Write("TempFile.7", "12.5\r\nnonsense\r\n");
+  Play("close");
+  ASSERT_TRUE(Start(FiveKeys(), "expect box TempFile.7\nbox OK")); // told once, and kept
+  Play("close");
+  ASSERT_TRUE(Start());
+  EXPECT_NE(Read("TempFile.7.unreadable"), "");
 }
 
 TEST_F(Journey, IntroPageUntilDismissed) {

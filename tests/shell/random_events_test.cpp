@@ -1,0 +1,132 @@
+// Any events in any order: the program neither falls nor leaves a broken design.
+#include "shell/journey.h"
+
+#include "shell/grain_file.h"
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+struct Chance {
+  std::mt19937 Source;
+  int Below(int n) { return static_cast<int>(Source() % static_cast<unsigned>(n)); }
+  template <class T>
+  const T &Of(const std::vector<T> &choice) {
+    return choice[static_cast<std::size_t>(Below(static_cast<int>(choice.size())))];
+  }
+  double Number() {
+    static const std::vector<double> odd{0, -1, 1e-300, 1e300, 1e38, 1e9, HUGE_VAL, -HUGE_VAL, std::nan("")};
+    return Below(8) ? (Below(20001) - 10000) / 100.0 : Of(odd);
+  }
+};
+
+// A user without sense: every box, file dialog and window gets some answer.
+struct RandomScreen : Screen {
+  Chance Luck;
+  std::vector<std::string> Files;
+
+  Answer Ask(const Box &box) override {
+    switch (box.Offer) {
+    case Buttons::Ok: return Answer::Ok;
+    case Buttons::OkCancel: return Luck.Below(2) ? Answer::Ok : Answer::Cancel;
+    case Buttons::YesNo: return Luck.Below(2) ? Answer::Yes : Answer::No;
+    case Buttons::YesNoCancel: return Luck.Of<Answer>({Answer::Yes, Answer::No, Answer::Cancel});
+    }
+    return Answer::Cancel;
+  }
+  std::optional<std::string> AskFile(FileUse use, std::string_view, std::string_view) override {
+    if (Luck.Below(4) == 0) return std::nullopt;
+    if (use == FileUse::Open) return Luck.Of(Files);
+    return Files.back() + std::to_string(Luck.Below(3));
+  }
+  void RunModal(Form form) override {
+    const Ctl self = form == Form::Dimensions  ? Ctl::Dimensions
+                     : form == Form::IntroPage ? Ctl::IntroPage
+                                               : Ctl::frmAbout;
+    for (int i = 0; i < 30 && (*this)[self].Visible; ++i) OnEvent(Some(RowOf(self).Window));
+    (*this)[self].Visible = false;
+  }
+  void Wait(double) override {}
+  bool Progress(double) override { return Luck.Below(50) > 0; }
+
+  Event Some(std::string_view window) {
+    Event e;
+    do e.Target = static_cast<Ctl>(Luck.Below(static_cast<int>(CtlCount)));
+    while (!window.empty() && RowOf(e.Target).Window != window);
+    e.What = static_cast<Event::Kind>(Luck.Below(static_cast<int>(Event::Kind::Drop) + 1));
+    if (Luck.Below(2)) e.What = Event::Kind::Press;
+    if (Luck.Below(3) == 0 && window.empty()) e.Target = Ctl::DrawPanel;
+    e.X = Luck.Number();
+    e.Y = Luck.Number();
+    e.Notches = Luck.Number() / 10;
+    e.Button = Luck.Of<int>({0, 1, 2, 4});
+    e.KeyCode = Luck.Of<int>({9, 13, 27, 46, 65, 112});
+    e.Shift = Luck.Below(8);
+    e.Text = e.What == Event::Kind::Drop
+                 ? Luck.Of(Files)
+                 : Luck.Of<std::string>({"", "12", "-3", "60.5", "1e400", "1e-60", "abc", "1e38"});
+    return e;
+  }
+};
+
+void ExpectSound(const Workbench &bench) {
+  const EntityTable &table = bench.Grain.Table;
+  ASSERT_TRUE(table.EntCount >= -1 && table.EntCount <= 300);
+  for (int i = 0; i <= table.EntCount; ++i) {
+    const Entity &e = RowAt(table, i);
+    ASSERT_TRUE(e.EntType == LineType || e.EntType == CircleType || e.EntType == ArcType);
+    for (const double v : {e.X1, e.Y1, e.X2, e.Y2, e.CenterX, e.CenterY, e.Radius})
+      ASSERT_TRUE(std::isfinite(v));
+  }
+  const DrawSurface &panel = bench.Out.Panel;
+  for (const double v : {panel.Left, panel.Top, panel.Width, panel.Height}) ASSERT_TRUE(std::isfinite(v));
+  ASSERT_GT(panel.Width, 0);
+  ASSERT_LT(panel.Height, 0);
+  ASSERT_EQ(bench.Out[Ctl::Report_Frame].Visible, bench.Sim.ResultMode);
+  ASSERT_NE(bench.Out[Ctl::Report_Frame].Visible, bench.Out[Ctl::Tools_Frame].Visible);
+  ASSERT_FALSE(bench.Running);
+}
+
+TEST_F(Journey, RandomEvents) {
+  Write("bad.mvd", "\"Version1_1\"\r\n12\r\n");
+  std::string grain;
+  ASSERT_EQ(ReadWhole(Cases + "d_port.mvd", grain), "");
+  Write("cut.mvd", grain.substr(0, grain.size() / 2));
+  for (unsigned seed = 1; seed <= 6; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    RandomScreen screen;
+    screen.Luck.Source.seed(seed);
+    screen.Files = {Cases + "d_port.mvd",
+                    Cases + "circle_centred.mvd",
+                    Cases + "square_port.mvd",
+                    At("bad.mvd"),
+                    At("cut.mvd"),
+                    At("none.mvd"),
+                    Home.string(),
+                    At("out.mvd")};
+    Workbench bench(screen);
+    WorkFolders folders;
+    folders.AppDir = Home.string() + "/";
+    folders.Install = std::string(TEST_SOURCE) + "/";
+    ASSERT_TRUE(StartUp(bench, folders, ReadCommandLine(FiveKeys())));
+    for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
+      Event e = screen.Some("");
+      if (e.What == Event::Kind::Close || e.Target == Ctl::mnuFileExit)
+        if (screen.Luck.Below(30)) continue;                           // else few streams last
+      if (e.Target == Ctl::RunSim2 && screen.Luck.Below(10)) continue; // a run takes long
+      Dispatch(bench, e);
+      ExpectSound(bench);
+      if (bench.Ended) break;
+    }
+    if (!bench.Ended) {
+      Design kept;
+      if (bench.Grain.Table.EntCount >= 0) {
+        EXPECT_EQ(ReadGrainFile(bench.Claim.TempFile, kept), ""); // a kill now would lose nothing
+        EXPECT_EQ(kept.Table.EntCount, bench.Grain.Table.EntCount);
+      }
+    }
+  }
+}
+
+} // namespace
