@@ -28,6 +28,13 @@ struct SimStepTable {
   std::vector<std::size_t> Start{0}; // step i (from 1) holds rows Start[i-1] .. Start[i]-1
 };
 
+// Where an outline ended at the wall; kept in debug mode. Design coordinates, mm.
+struct WallMark {
+  float X = 0, Y = 0;
+  std::int16_t Step = 0;
+  bool Second = false; // of the walk's second end
+};
+
 struct BurnOptions {
   double Step = 0;        // mm; 0: GrainRadius/1000. The first step is half of it.
   std::string WorkFolder; // where GraphicFile, CheckFile and KnProfile go, ends with a separator; empty: none
@@ -59,6 +66,7 @@ struct BurnRun {
   std::vector<ResultRow> Result;   // RowsReached rows
   std::vector<RowFigures> Figures; // RowsReached rows
   SimStepTable Steps;
+  std::vector<WallMark> WallMarks;
   float TouchDist = -1; // first step's distance at the wall, -1 when never
   double LastLiveDist = 0;
   float SliverVolume = 0, InitialVolume = 0; // mm3

@@ -33,6 +33,16 @@ void AddOutlineRow(SimStepTable &steps, const BurnEntity &row, int index, double
   steps.Row.push_back(out);
 }
 
+void AddWallMarks(BurnRun &run, const BurnEntity &row, double turn) {
+  for (const bool second : {false, true}) {
+    double x = second ? row.CaseX2 : row.CaseX1, y = second ? row.CaseY2 : row.CaseY1;
+    if (x == 0 && y == 0) continue;
+    TurnPoint(x, y, -turn);
+    run.WallMarks.push_back(
+        {static_cast<float>(x), static_cast<float>(y), static_cast<std::int16_t>(run.StepCount + 1), second});
+  }
+}
+
 bool Refuse(BurnRefusal &refusal, std::string text) {
   refusal.Text = std::move(text);
   return false;
@@ -111,7 +121,10 @@ bool WriteBurnFile(const Design &design, const BurnOptions &options, double firs
     for (std::size_t i = 0; i < p.BurnTable.size(); ++i) {
       BurnEntity &row = p.BurnTable[i];
       if (row.BurntOut) continue;
-      if (!options.DebugMode) row.CaseX1 = row.CaseY1 = row.CaseX2 = row.CaseY2 = 0;
+      if (options.DebugMode)
+        AddWallMarks(run, row, p.Turn);
+      else
+        row.CaseX1 = row.CaseY1 = row.CaseX2 = row.CaseY2 = 0;
       if (graphicFile) WriteRow(*graphicFile, row, static_cast<int>(i));
       AddOutlineRow(run.Steps, row, static_cast<int>(i), p.Turn);
     }
