@@ -93,6 +93,7 @@ TEST_F(Journey, RandomEvents) {
   std::string grain;
   ASSERT_EQ(ReadWhole(Cases + "d_port.mvd", grain), "");
   Write("cut.mvd", grain.substr(0, grain.size() / 2));
+  int results = 0;
   for (unsigned seed = 1; seed <= 6; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomScreen screen;
@@ -109,11 +110,19 @@ TEST_F(Journey, RandomEvents) {
     ASSERT_TRUE(StartUp(bench, folders, ReadCommandLine(FiveKeys())));
     for (int i = 0; i < 3000 && !HasFatalFailure(); ++i) {
       Event e = screen.Some("");
-      if (e.What == Event::Kind::Close || e.Target == Ctl::mnuFileExit)
-        if (screen.Luck.Below(30)) continue;                           // else few streams last
-      if (e.Target == Ctl::RunSim2 && screen.Luck.Below(10)) continue; // a run takes long
+      const bool closes = e.What == Event::Kind::Close || e.Target == Ctl::mnuFileExit;
+      if (closes && screen.Luck.Below(400)) e.What = Event::Kind::MouseMove; // else few streams last
+      if (screen.Luck.Below(15) == 0) {
+        e.What = Event::Kind::Drop;
+        e.Target = Ctl::frmMain;
+        e.Text = screen.Luck.Of(screen.Files);
+      } else if (screen.Luck.Below(40) == 0) {
+        e.What = Event::Kind::Press;
+        e.Target = Ctl::RunSim2;
+      }
       Dispatch(bench, e);
       ExpectSound(bench);
+      results += bench.Sim.ResultMode;
       if (bench.Ended) break;
     }
     if (!bench.Ended) {
@@ -124,6 +133,7 @@ TEST_F(Journey, RandomEvents) {
       }
     }
   }
+  EXPECT_GT(results, 300); // the streams get as far as results
 }
 
 } // namespace
