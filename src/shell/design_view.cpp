@@ -3,11 +3,12 @@
 #include "base/number_text.h"
 #include "drafting/view.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr int MiddleButton = 4;
-constexpr double NotchFactor = 1.25;
+constexpr double NotchFactor = 1.25, MostPixels = 100000;
 
 void PointerStatus(Workbench &bench) {
   bench.Out[Ctl::sbStatusBar].Text = "X:" + FormatMask(bench.PointerX, "0.000") +
@@ -64,6 +65,7 @@ void PanelEvent(Workbench &bench, const Event &event) {
     RedrawDrawing(bench);
     break;
   case Event::Kind::Resize:
+    if (!(std::min(event.X, event.Y) >= 1 && std::max(event.X, event.Y) <= MostPixels)) break;
     ResizePanel(panel, event.X, event.Y);
     RedrawDrawing(bench);
     break;

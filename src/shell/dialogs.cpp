@@ -138,15 +138,20 @@ bool AskDimensions(Workbench &bench) {
   return bench.Dialog.Accepted;
 }
 
-void ScaleEntities(EntityTable &table, double factor) {
-  for (int i = 0; i <= table.EntCount; ++i) {
-    Entity &e = RowAt(table, i);
+bool ScaleEntities(EntityTable &table, double factor) {
+  EntityTable scaled = table;
+  for (int i = 0; i <= scaled.EntCount; ++i) {
+    Entity &e = RowAt(scaled, i);
     for (double *value : {&e.X1, &e.Y1, &e.X2, &e.Y2, &e.CenterX, &e.CenterY}) *value *= factor;
     if (e.EntType == LineType)
       SetLineSlope(e);
     else
       e.Radius *= factor;
+    for (const double value : {e.X1, e.Y1, e.X2, e.Y2, e.CenterX, e.CenterY, e.Radius, e.Intercept})
+      if (!std::isfinite(value)) return false;
   }
+  table = scaled;
+  return true;
 }
 
 void MenuDimensions(Workbench &bench) {
@@ -164,9 +169,12 @@ void MenuDimensions(Workbench &bench) {
         bench.Out.Ask({"Scale Core Entities with Grain Diameter?", "", Buttons::YesNo, Icon::None}) ==
             Answer::Yes) {
       const double factor = grain.Doc.GrainDiam / bench.Dialog.DiameterBefore;
-      ScaleEntities(grain.Table, factor);
-      for (int i = 0; i <= grain.Table.EntCount; ++i) RowAt(grain.Table, i).Selected = false;
-      grain.Defaults.ScaleFactorDefault = factor;
+      if (ScaleEntities(grain.Table, factor)) {
+        for (int i = 0; i <= grain.Table.EntCount; ++i) RowAt(grain.Table, i).Selected = false;
+        grain.Defaults.ScaleFactorDefault = factor;
+      } else {
+        bench.Out.Ask({"The core cannot be scaled that far", "", Buttons::Ok, Icon::Exclamation});
+      }
     }
     if (changed && grain.Table.EntCount >= 0) {
       grain.SavedFlag = false;

@@ -9,7 +9,8 @@ void MenuDimensions(Workbench &); // mnuDims: with scaling of the core
 void DimensionsEvent(Workbench &, const Event &);
 
 // Every coordinate and radius of every entity times the factor, about the origin. Slopes are made anew.
-void ScaleEntities(EntityTable &, double factor);
+// False: a number would be past all bounds; the table stays.
+bool ScaleEntities(EntityTable &, double factor);
 
 // The intro page: shown unless IntroFile.txt in AppDir says otherwise.
 bool IntroWanted(const Workbench &);

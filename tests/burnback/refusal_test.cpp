@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <unistd.h>
 
 namespace {
 
@@ -56,7 +57,8 @@ TEST(Refusal, SaysWhyAndWhere) {
       {"outside the grain", {MakeCircle(40, 0, 5)}, {EndBurning}},
       {"touching from outside", {MakeCircle(25, 0, 5)}, {EndBurning}},
   };
-  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "refused";
+  const std::filesystem::path folder =
+      std::filesystem::path(testing::TempDir()) / ("refused_" + std::to_string(getpid()));
   std::filesystem::create_directories(folder);
   for (const Refused &r : table) {
     Design d = MakeDesign(40);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <unistd.h>
 
 namespace {
 
@@ -16,11 +17,12 @@ struct Files : testing::Test {
   Design Star = MakeDesign(50);
   BurnRun Run;
   void SetUp() override {
-    Folder = testing::TempDir() + "/work_files/";
+    Folder = testing::TempDir() + "/work_files_" + std::to_string(getpid()) + "/";
     std::filesystem::remove_all(Folder);
     std::filesystem::create_directories(Folder);
     AddRows(Star, RoundedPolygon(StarCorners(6, 16, 8, 0.1, 0.8, 0.5)));
   }
+  void TearDown() override { std::filesystem::remove_all(Folder); }
   void Burn(int debugMode, bool knBatch) {
     BurnOptions options;
     options.WorkFolder = Folder;

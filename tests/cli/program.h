@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
 // Runs morvandel-cli as a process in a folder of its own.
 struct Program : testing::Test {
@@ -14,8 +15,9 @@ struct Program : testing::Test {
 
   void SetUp() override {
     const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-    Folder = std::filesystem::path(testing::TempDir()) /
-             ("cli_" + std::string(info->test_suite_name()) + "_" + info->name());
+    Folder =
+        std::filesystem::path(testing::TempDir()) /
+        ("cli_" + std::string(info->test_suite_name()) + "_" + info->name() + "_" + std::to_string(getpid()));
     std::filesystem::remove_all(Folder);
     std::filesystem::create_directories(Folder / "home");
   }

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 // A program on a scripted screen, with work files in a folder of its own. Start may be called again: the next
@@ -23,7 +24,8 @@ struct Journey : testing::Test {
 
   void SetUp() override {
     const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-    Home = std::filesystem::path(testing::TempDir()) / ("journey_" + std::string(info->name()));
+    Home = std::filesystem::path(testing::TempDir()) /
+           ("journey_" + std::string(info->name()) + "_" + std::to_string(getpid()));
     std::filesystem::remove_all(Home);
     std::filesystem::create_directories(Home);
     Write("IntroFile.txt", "1\r\n");
