@@ -4,6 +4,7 @@
 #include "desktop/icons.h"
 
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -170,6 +171,16 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
   return dialog.selectedFiles().first().toStdString();
 }
 
+std::optional<std::uint32_t> QtScreen::AskColour(std::uint32_t initial) {
+  Mirror();
+  const QColor first(static_cast<int>(initial & 255), static_cast<int>(initial >> 8 & 255),
+                     static_cast<int>(initial >> 16 & 255));
+  QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
+  const QColor chosen = QColorDialog::getColor(first, parent, {}, QColorDialog::DontUseNativeDialog);
+  if (!chosen.isValid()) return std::nullopt;
+  return static_cast<std::uint32_t>(chosen.red() | chosen.green() << 8 | chosen.blue() << 16);
+}
+
 void QtScreen::RunModal(Form form) {
   const auto send = [this](const Event &e) { Send(e); };
   QWidget *parent = Window && Window->isVisible() ? Window.get() : nullptr;
@@ -177,7 +188,7 @@ void QtScreen::RunModal(Form form) {
     switch (form) {
     case Form::Dimensions: return MakeDimensions(send, parent);
     case Form::IntroPage: return MakeIntroPage(send, parent);
-    case Form::About: return MakeAbout(send, parent);
+    default: return MakeAbout(send, parent);
     }
     return MakeAbout(send, parent);
   }());

@@ -16,6 +16,7 @@ public:
 
   Answer Ask(const Box &) override;
   std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) override;
+  std::optional<std::uint32_t> AskColour(std::uint32_t initial) override;
   void RunModal(Form) override;
   void Wait(double seconds) override;
   bool Progress(double part) override;

@@ -17,7 +17,10 @@ enum class Ink : std::uint8_t {
   Core,
   Contour,
   Fault,
-  Note
+  Note,
+  Guide,  // snaps, guides, rubber bands
+  WillBe, // what a click will make
+  WillGo  // what a click will remove
 };
 
 // One thing drawn, in drawing units, Y upward, angles in radians counter-clockwise.
@@ -57,6 +60,9 @@ struct DrawSurface {
          ContourTo = 0; // mm: the burn distances the Contour items' colours stand for; equal: no legend
   std::vector<OutlinePiece> Core; // the closed core outline, empty when it is not closed
   std::vector<DrawItem> Item;
+  std::vector<DrawItem> Overlay; // what follows the pointer, on top; Redraw leaves it
+  std::vector<DrawItem> Flash;   // shown for 0.1 s whenever FlashNo has changed
+  unsigned FlashNo = 0;
 };
 void Draw(DrawSurface &,
           DrawItem); // appends; an inverse item equal to the last inverse one of its place removes it

@@ -10,9 +10,10 @@
 // Escape 27, Delete 46, F1..F12 112..123, letters and digits their capital's code.
 struct Event {
   enum class Kind : std::uint8_t {
-    Press,     // a button, menu entry, check box or option was pressed; a check box is toggled by the core
-    Text,      // the field Target now holds Text
-    Key,       // KeyCode with Shift in Target
+    Press, // a button, menu entry, check box or option was pressed (Button 2: with the right one); a check
+           // box is toggled by the core; of a list Text is the item's
+    Text,  // the field or slider Target now holds Text
+    Key,   // KeyCode with Shift in Target
     MouseDown, // in Target (DrawPanel, MyChart1, ...)
     MouseMove,
     MouseUp,

@@ -1,5 +1,19 @@
 #include "platform/screen.h"
 
+Ctl WindowOf(Form form) {
+  switch (form) {
+  case Form::Dimensions: return Ctl::Dimensions;
+  case Form::IntroPage: return Ctl::IntroPage;
+  case Form::About: return Ctl::frmAbout;
+  case Form::Question: return Ctl::Question_Form;
+  case Form::HotKey: return Ctl::HotKeyForm;
+  case Form::Options: return Ctl::Options_Form;
+  case Form::Grid: return Ctl::Grid_Control;
+  case Form::Increments: return Ctl::Increments_2d;
+  }
+  return Ctl::Count;
+}
+
 Screen::Screen() {
   for (std::size_t i = 0; i < CtlCount; ++i) {
     Show[i].Text = RowOf(static_cast<Ctl>(i)).Text;

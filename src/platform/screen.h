@@ -10,13 +10,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct Control {
   std::string Text;
   std::string Hint; // tooltip; for a disabled control: why
   bool Visible = false, Enabled = true, Checked = false;
   int Height = 0;
-  std::uint32_t Colour = 0;
+  std::uint32_t Colour = 0; // of a button's face or a colour's sample, red in the low byte; 0: the theme's
+  std::vector<std::string> Item; // of a list
+  int Index = -1;                // the item chosen
+  double Least = 0, Most = 0;    // of a slider, whose Text holds its value
   bool operator==(const Control &) const = default;
 };
 
@@ -34,7 +38,8 @@ struct Box {
   Buttons Offer = Buttons::Ok;
   Icon Mark = Icon::None;
 };
-enum class Form : std::uint8_t { Dimensions, IntroPage, About };
+enum class Form : std::uint8_t { Dimensions, IntroPage, About, Question, HotKey, Options, Grid, Increments };
+Ctl WindowOf(Form); // the control that stands for the form itself
 enum class FileUse : std::uint8_t { Open, SaveAs };
 
 // All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a
@@ -56,6 +61,7 @@ public:
   virtual ~Screen() = default;
   virtual Answer Ask(const Box &) = 0;
   virtual std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) = 0;
+  virtual std::optional<std::uint32_t> AskColour(std::uint32_t initial) = 0; // red in the low byte
   virtual void RunModal(Form) = 0;       // returns when the form's row in Show is hidden
   virtual void Wait(double seconds) = 0; // splash, pick flash: pumps events in Qt, returns at once in tests
   virtual bool Progress(double part) {

@@ -1,6 +1,7 @@
 #include "platform/scripted_screen.h"
 
 #include <array>
+#include <charconv>
 
 namespace {
 
@@ -85,13 +86,47 @@ std::optional<std::string> ScriptedScreen::AskFile(FileUse, std::string_view, st
   return path;
 }
 
+std::optional<std::uint32_t> ScriptedScreen::AskColour(std::uint32_t) {
+  const std::string text(Rest(Upcoming(Lines), "answer "));
+  if (text.empty()) {
+    Fail(Lines, "unexpected colour dialog");
+    return std::nullopt;
+  }
+  ++Lines.Next;
+  std::uint32_t colour = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), colour);
+  if (text != "cancel" && (error != std::errc() || end != text.data() + text.size() || colour > 0xFFFFFF))
+    Fail(Lines, text + " is no colour from 0 to 16777215");
+  if (text == "cancel" || !Lines.Fault.empty()) return std::nullopt;
+  return colour;
+}
+
+// True when the upcoming line answers the question that stands.
+bool ScriptedScreen::AnswerQuestion() {
+  const std::string text(Rest(Upcoming(Lines), "answer"));
+  if (text.empty() && Upcoming(Lines) != "answer") return false;
+  ++Lines.Next;
+  Event event;
+  const std::string value = text.empty() ? text : text.substr(1);
+  if (value != "cancel") {
+    event.What = Event::Kind::Text;
+    event.Target = Ctl::Question_Value;
+    event.Text = value;
+    OnEvent(event);
+  }
+  event = {};
+  event.Target = value == "cancel" ? Ctl::Question_Cancel : Ctl::Question_OK;
+  OnEvent(event);
+  return true;
+}
+
 void ScriptedScreen::RunModal(Form form) {
-  const Ctl self = form == Form::Dimensions  ? Ctl::Dimensions
-                   : form == Form::IntroPage ? Ctl::IntroPage
-                                             : Ctl::frmAbout;
-  while ((*this)[self].Visible && !AtEnd(Lines)) PlayLine();
+  const Ctl self = WindowOf(form);
+  while ((*this)[self].Visible && !AtEnd(Lines))
+    if (form != Form::Question || !AnswerQuestion()) PlayLine();
   if (!(*this)[self].Visible) return;
-  Fail(Lines, "unanswered dialog " + std::string(RowOf(self).Name));
+  Fail(Lines, form == Form::Question ? "unanswered question \"" + (*this)[Ctl::Question_Label].Text + "\""
+                                     : "unanswered dialog " + std::string(RowOf(self).Name));
   (*this)[self].Visible = false;
 }
 

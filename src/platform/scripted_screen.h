@@ -19,8 +19,8 @@ void Fail(Script &, const std::string &); // of the line taken last; the first o
 
 // A screen without a display. Modal questions and windows take their answers from the lines that follow the
 // one that raised them: `box ANSWER` (after `expect box TEXT`, if its words matter), `file PATH` or `file
-// cancel`, and for a dialog any lines up to the one that closes it. What comes unexpected is a fault of the
-// script.
+// cancel`, `answer TEXT` or `answer cancel` for a value (of a colour: its number), and for a dialog any lines
+// up to the one that closes it. What comes unexpected is a fault of the script.
 class ScriptedScreen : public Screen {
 public:
   Script Lines;
@@ -29,6 +29,10 @@ public:
 
   Answer Ask(const Box &) override;
   std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) override;
+  std::optional<std::uint32_t> AskColour(std::uint32_t initial) override;
   void RunModal(Form) override;
   void Wait(double seconds) override;
+
+private:
+  bool AnswerQuestion();
 };

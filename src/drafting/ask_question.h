@@ -1,0 +1,27 @@
+#pragma once
+#include "drafting/drafting.h"
+
+#include <optional>
+#include <string_view>
+
+constexpr double MostLength = 1e6; // mm; nothing larger is drawn or asked for
+
+struct Question {
+  std::string_view Label, Caption; // the prompt and the form's title
+  double Value = 0;                // offered
+  bool AllowZero = false;
+  double Least = -MostLength, Most = MostLength;
+  bool Whole = false;
+};
+
+// Opens Question_Form and evaluates the answer as a formula. Empty or Cancel gives nothing. What is no
+// number, or out of range, is told in a box titled "Input Error" and asked again. The answer is kept for the
+// log.
+std::optional<double> AskQuestion(Drafting &, const Question &);
+std::optional<double> AskAngle(Drafting &, std::string_view label, std::string_view caption,
+                               double radians);    // asked in degrees, given in radians
+bool AskDelta(Drafting &, double &dx, double &dy); // "XV=", "YV="; false: cancelled
+
+// A field's text as a formula; nothing, and a box titled "Input Error", when it is no number.
+std::optional<double> FieldValue(Drafting &, std::string_view text);
+void QuestionEvent(Screen &, const Event &); // events of Question_Form

@@ -1,0 +1,142 @@
+#pragma once
+#include "geometry/solution.h"
+#include "macros/instruction_log.h"
+#include "macros/variable_table.h"
+#include "platform/screen.h"
+#include "shell/undo_ring.h"
+
+#include <array>
+#include <bitset>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+// The state of drafting: one modal command at a time, advanced by clicks. Lengths in mm, angles in radians.
+
+enum RefTypes : std::int32_t {
+  CursorRef = 1,
+  EndRef = 2,
+  CentreRef = 3,
+  IntersectionRef = 4,
+  AlongRef = 5,
+  KeyInRef = 7
+};
+enum SelectionMethods : std::int16_t { SingleMethod = 1, WindowMethod = 2, TypeMethod = 3, AllMethod = 4 };
+enum WindowRules : std::int16_t { AllInside = 1, PartInside = 2, AllOutside = 3, PartOutside = 4 };
+
+// What Back brings back: everything a click changes.
+struct StepState {
+  std::int16_t CmdState = 0, CmdStep = 0, PointPhase = 0;
+  std::int16_t PointCount = -1;                            // index of the last collected point
+  std::int16_t EntPick = -1, EntPick2 = -1, EntPick3 = -1; // rows of the first, second and third pick
+  std::array<PickedRow, 3> Pick;                           // the same picks, with their places
+  PickedRow CrossingFirst;                                 // RefType 4: the first entity of the intersection
+  bool PickFound = false, PickHaveFirst = false, PickHaveSecond = false, PickHaveThird = false;
+  bool PickHaveArc = false, RefOrigin = true;
+  bool WindowSelect = false;           // the next positions are corners of a window: no grid snap
+  bool Movement = false;               // the box move has its window and its method
+  bool KeyInX = false, KeyInY = false; // the field was typed since the last point
+  double AnchorX = 0, AnchorY = 0;     // where the rubber band starts
+  double RotationAngle = 0;
+};
+
+struct CommandState : StepState {
+  std::int16_t CmdNo = 0; // 0 when idle
+  std::int32_t RefType = CursorRef;
+  bool DeltaPending = false; // the next point is offset by keyed-in values
+  std::array<double, 101> PointX{}, PointY{};
+  double ClickX = 0, ClickY = 0; // the event's own position
+  double TrackX = 0, TrackY = 0; // the position last computed by the tracker
+  std::int16_t BackDepth = 0, BackPos = 0;
+  std::int16_t SelectionMethod = SingleMethod;
+  std::int16_t SelectCount = 0; // selected while idle
+  std::int16_t OverNo = 0;      // the command that a window zoom stands over
+};
+
+// The frames of the running command, as Back restores them.
+inline constexpr std::array<Ctl, 9> BackFrames{Ctl::End_Frame,    Ctl::UserPrompt,   Ctl::Selection_Frame,
+                                               Ctl::Mirror_Frame, Ctl::Window_Frame, Ctl::Movement_Frame,
+                                               Ctl::BoxWH_Frame,  Ctl::Poly_Frame,   Ctl::DrawPanel};
+struct BackSlot {
+  StepState Step;
+  std::array<bool, BackFrames.size()> Visible{}; // of DrawPanel: Enabled
+  std::bitset<301> Marked;                       // rows with Selected
+};
+struct BackStore {
+  std::array<BackSlot, 7> Slot; // index BackPos, 1..BackDepth
+};
+
+struct RotationDraw {
+  std::int16_t RotationCount = 6;
+  double RotationPitch = TwoPi / 6;
+  bool Active = false; // DeactivateRDraw is enabled
+};
+
+// Initial answers and the contents of the tools' frames.
+struct ToolValues {
+  double ToolRadius = 1;
+  float ToolDistance = 1;
+  double ChamferFirst = 1, ChamferSecond = 1;
+  int Segments = 6;
+  double BoxWidth = 10, BoxHeight = 10;
+  int BoxReference = 1; // 1..9: TL TC TR CL CC RC BL BC BR
+  int PolySides = 6;
+  double PolyRadius = 5, PolyRotate = 0; // mm, degrees
+  bool PolyFlat = true;
+};
+
+struct SelectionValues {
+  std::int16_t WindowRule = AllInside;
+  std::int16_t MoveRepeat = 1; // copies
+  bool Copy = false;           // XFormOption: "Copy", else "Move"
+  bool FromIdle = false;       // the command took an idle selection and ends with it
+  bool RotationMode = false;   // Delete_Mode: "Rotation Mode"
+  int MirrorType = 0;          // 1 horizontal, 2 vertical, 3 two points
+  double WindowLeft = 0, WindowTop = 0, WindowRight = 0, WindowBottom = 0;
+  bool Dragging = false; // idle: a window is being drawn from the anchor
+};
+
+struct Tracker {
+  bool AutoPoint = false;
+  Snap Target;                 // SnapEntity, SnapKind: TargetEnt, TargetKind
+  std::array<bool, 4> Guide{}; // 0 holds X, 1 holds Y of the anchor; 2, 3 of the last entity end
+  double GuideX = 0, GuideY = 0;
+};
+
+struct HotKey {
+  std::int16_t Key = 0, Shift = 0;
+};
+
+// An answer to a question, kept for the log until its input is logged.
+struct AnswerGiven {
+  double Value = 0;
+  std::string Formula; // empty: a plain number was typed
+};
+
+struct Drafting {
+  Design &Grain;
+  Screen &Out;
+  UndoRing Ring{};
+  CommandState Cmd{};
+  BackStore Store{};
+  RotationDraw Rotation{};
+  ToolValues Tool{};
+  SelectionValues Select{};
+  Tracker Track{};
+  std::array<HotKey, 101> HotKeyTable{}; // 1..100
+  int HotKeyCmd = 0;                     // the command HotKeyList stands for
+  std::vector<Point> Marks{};            // small crosses at points taken from entities, at most 100
+  VariableTable Variables{};
+  InstructionLog Log{};
+  std::vector<AnswerGiven> Answers{};
+  std::function<void()> KeepWork; // writes the recovery file
+};
+
+inline Point LastPoint(const CommandState &c) {
+  const auto i = static_cast<std::size_t>(c.PointCount);
+  return c.PointCount < 0 ? Point{} : Point{c.PointX[i], c.PointY[i]};
+}
+inline Point PointAt(const CommandState &c, int i) {
+  return {c.PointX[static_cast<std::size_t>(i)], c.PointY[static_cast<std::size_t>(i)]};
+}

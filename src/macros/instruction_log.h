@@ -1,0 +1,57 @@
+#pragma once
+#include <string>
+#include <vector>
+
+// What the user did, step by step, as a template or a lesson plays it again. PointArea is the kind: a
+// command's number is its button, or with Value4 its Enter; other kinds are named below.
+enum InstructionKind : int {
+  LogSelectSingle = 101,
+  LogSelectWindow,
+  LogSelectByType,
+  LogSelectAll,
+  LogSelectLines,
+  LogSelectArcs,
+  LogSelectCircles,
+  LogAllInside = 111,
+  LogAllOutside,
+  LogPartInside,
+  LogPartOutside,
+  LogMirrorHorizonal = 121,
+  LogMirrorVertical,
+  LogMirror2Points,
+  LogFoundEnt = 130,    // a pick of a command or point mode: row, X, Y
+  LogSelectEnt = 131,   // a pick that selects: row, X, Y
+  LogRefType = 140,     // plus RefType 1..5; 147: typed X, Y
+  LogDelta = 146,       // XV, YV
+  LogTrimmingEnt = 150, // the entity that trims or breaks: row, X, Y
+  LogClick = 151,       // X, Y, button (2 is Back)
+  LogMove = 160,
+  LogCopy = 161,
+  LogDeltaMovement = 170,
+  LogPoint2Movement,
+  LogGrainMovement,
+  LogCancelMovement,
+  LogDeleteSingle = 180,
+  LogDeleteRotation = 181,
+  LogDeactivateRDraw = 182,
+  LogEscape = 190,
+  LogXInput = 201,
+  LogYInput = 202,     // Enter in the field: the number
+  LogAnswers = 203,    // answers to questions in the order asked, up to three
+  LogPolyOption = 212, // 0 PolyFlat, 1 PolyCorner
+};
+
+struct Instruction {
+  int PointArea = 0;
+  double Value1 = 0, Value2 = 0, Value3 = 0;
+  std::string Value4; // "", "ENTERKEY", or up to three formulas parted by ";"
+  bool operator==(const Instruction &) const = default;
+};
+
+struct InstructionLog {
+  bool On = false; // a recording runs
+  std::vector<Instruction> Row;
+};
+
+// Appends while a recording runs.
+void LogStep(InstructionLog &, Instruction);
