@@ -1,6 +1,5 @@
 #pragma once
 #include "drafting/drafting.h"
 
-void PushBack(Drafting &);     // the full state at BackPos, which then goes down; at 0 it wraps to BackDepth
-void TakePushBack(Drafting &); // undoes the last push: a click that came to nothing
-bool RestoreBack(Drafting &);  // BackPos up and the state there returns; false at depth
+void PushBack(Drafting &);    // the full state at BackPos, which then goes down; at 0 it wraps to BackDepth
+bool RestoreBack(Drafting &); // BackPos up and the state there returns; false at depth

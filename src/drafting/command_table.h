@@ -8,7 +8,8 @@
 enum class EndFrame : std::uint8_t { None, Modes, Fields };
 
 // One command. Empty function pointers mean: Start no questions; Click the generic point input and then
-// Commit; Back the back store and nothing more; Enter nothing; Typed the focus goes on to Y_Input, and from
+// Commit; Back the back store and nothing more (a Back at depth that has called PushBack stays in the
+// command); Enter nothing; Typed the focus goes on to Y_Input, and from
 // there the fields make a point; Preview nothing follows the pointer.
 struct CommandRow {
   std::int16_t CmdNo;

@@ -51,7 +51,6 @@ struct CommandState : StepState {
   std::int16_t BackDepth = 0, BackPos = 0;
   std::int16_t SelectionMethod = SingleMethod;
   std::int16_t SelectCount = 0; // selected while idle
-  std::int16_t OverNo = 0;      // the command that a window zoom stands over
 };
 
 // The frames of the running command, as Back restores them.
@@ -126,11 +125,13 @@ struct Drafting {
   Tracker Track{};
   std::array<HotKey, 101> HotKeyTable{}; // 1..100
   int HotKeyCmd = 0;                     // the command HotKeyList stands for
+  std::optional<CommandState> Under{};   // the command a window zoom stands over
+  unsigned Changes = 0;                  // counts the changes of the table
   std::vector<Point> Marks{};            // small crosses at points taken from entities, at most 100
   VariableTable Variables{};
   InstructionLog Log{};
   std::vector<AnswerGiven> Answers{};
-  std::function<void()> KeepWork; // writes the recovery file
+  std::function<void()> KeepWork{}; // writes the recovery file
 };
 
 inline Point LastPoint(const CommandState &c) {

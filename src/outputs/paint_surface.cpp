@@ -24,6 +24,9 @@ std::uint32_t ColourOf(const DrawItem &item) {
   case Ink::Propellant: return Propellant;
   case Ink::Core: return CoreFill;
   case Ink::Fault: return Hex(0xE03131);
+  case Ink::WillBe: return Hex(0x2B8A3E);
+  case Ink::WillGo: return Hex(0xE03131);
+  case Ink::Guide:
   case Ink::Note: break;
   }
   return Hex(0x0B7285);

@@ -1,6 +1,9 @@
 #include "shell/design_view.h"
 
 #include "base/number_text.h"
+#include "drafting/ask_question.h"
+#include "drafting/command_machine.h"
+#include "drafting/commit.h"
 #include "drafting/view.h"
 
 #include <algorithm>
@@ -26,6 +29,12 @@ void PointerMoved(Workbench &bench, const Event &event) {
   bench.PointerX = event.X;
   bench.PointerY = event.Y;
   PointerStatus(bench);
+  if (!bench.Sim.ResultMode) MouseMove(bench.Draft, {event.X, event.Y});
+}
+
+// A place no panel shows: the event is a mistake of its sender.
+bool BeyondDrawing(const Event &event) {
+  return event.What != Event::Kind::Resize && std::max(std::abs(event.X), std::abs(event.Y)) > MostLength;
 }
 } // namespace
 
@@ -33,7 +42,7 @@ void RedrawDrawing(Workbench &bench) {
   if (bench.Sim.ResultMode)
     RedrawResults(bench.Grain, bench.Out, bench.Sim);
   else
-    Redraw(bench.Out.Panel, bench.Grain);
+    RedrawPanel(bench.Draft);
 }
 
 void ShowWholeGrain(Workbench &bench) {
@@ -49,16 +58,23 @@ void ClearResults(Workbench &bench) {
 
 void PanelEvent(Workbench &bench, const Event &event) {
   DrawSurface &panel = bench.Out.Panel;
+  if (BeyondDrawing(event)) return;
   switch (event.What) {
   case Event::Kind::MouseMove: PointerMoved(bench, event); break;
   case Event::Kind::MouseDown:
-    if (event.Button != MiddleButton) break;
+    if (event.Button != MiddleButton) {
+      if (!bench.Sim.ResultMode) MouseDown(bench.Draft, event);
+      break;
+    }
     bench.Panning = true;
     bench.PanX = event.X;
     bench.PanY = event.Y;
     break;
   case Event::Kind::MouseUp:
-    if (event.Button == MiddleButton) bench.Panning = false;
+    if (event.Button == MiddleButton)
+      bench.Panning = false;
+    else if (!bench.Sim.ResultMode)
+      MouseUp(bench.Draft, event);
     break;
   case Event::Kind::Wheel:
     ZoomAbout(panel, {event.X, event.Y}, std::pow(NotchFactor, event.Notches));

@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "base/text_record.h"
 #include "base/whole_file.h"
+#include "drafting/command_machine.h"
 #include "shell/design_view.h"
 #include "shell/file_menu.h"
 #include "shell/recovery.h"
@@ -156,6 +157,7 @@ bool ScaleEntities(EntityTable &table, double factor) {
 
 void MenuDimensions(Workbench &bench) {
   Design &grain = bench.Grain;
+  LeaveCommand(bench.Draft);
   PrefillDimensions(bench, grain.Doc);
   const GrainDoc before = grain.Doc;
   if (AskDimensions(bench)) {

@@ -1,6 +1,11 @@
 #include "shell/dispatch.h"
 
 #include "base/fault.h"
+#include "drafting/ask_question.h"
+#include "drafting/command_machine.h"
+#include "drafting/creation.h"
+#include "drafting/hot_keys.h"
+#include "drafting/point_modes.h"
 #include "drafting/view.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
@@ -8,6 +13,7 @@
 #include "shell/refresh_screen.h"
 #include "shell/start_up.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -18,6 +24,7 @@ void SetTheme(Workbench &bench, const char *name) {
 }
 
 void RunSimulation(Workbench &bench) {
+  LeaveCommand(bench.Draft);
   bench.Running = true;
   RunSim2(bench.Grain, bench.Out, {bench.Claim.TempFile, bench.Command.KnBatch}, bench.Sim);
   bench.Running = false;
@@ -52,6 +59,13 @@ constexpr PressRow PressTable[] = {
     {Ctl::Zoom_Reset, ShowWholeGrain},
     {Ctl::Zoom_x2, [](Workbench &b) { Zoom(b, Zoomx2); }},
     {Ctl::Zoom_1h, [](Workbench &b) { Zoom(b, Zoom1h); }},
+    {Ctl::mnuEditUndo, [](Workbench &b) { UndoChange(b.Draft); }},
+    {Ctl::tbUndo, [](Workbench &b) { UndoChange(b.Draft); }},
+    {Ctl::mnuEditRedo, [](Workbench &b) { RedoChange(b.Draft); }},
+    {Ctl::tbRedo, [](Workbench &b) { RedoChange(b.Draft); }},
+    {Ctl::tbBack, [](Workbench &b) { Back(b.Draft, 2); }},
+    {Ctl::tbEscape, [](Workbench &b) { Escape(b.Draft); }},
+    {Ctl::Empty_Circle, [](Workbench &b) { StartCommand(b.Draft, *CommandOf(Ctl::Circle_CtrEdge)); }},
     {Ctl::mnuRefresh, RedrawDrawing},
     {Ctl::tbRefresh, RedrawDrawing},
     {Ctl::mnuThemeLight, [](Workbench &b) { SetTheme(b, "Light"); }},
@@ -64,10 +78,52 @@ constexpr PressRow PressTable[] = {
     {Ctl::Design_Mode, [](Workbench &b) { LeaveResults(b.Grain, b.Out, b.Sim); }},
 };
 
-void Press(Workbench &bench, Ctl target) {
-  if (!bench.Out[target].Enabled) return;
+// Drafting sleeps while results are shown.
+void PressInDrawing(Workbench &bench, const Event &event) {
+  if (bench.Sim.ResultMode) return;
+  const bool automatic = bench.Draft.Track.AutoPoint;
+  PressDrafting(bench.Draft, event);
+  if (bench.Draft.Track.AutoPoint == automatic) return;
+  SaveSetting(bench.Settings, "Settings", "AutoPoint", automatic ? "0" : "1");
+  WriteSettings(bench.Settings);
+}
+
+void Press(Workbench &bench, const Event &event) {
+  if (!bench.Out[event.Target].Enabled) return;
   for (const PressRow &row : PressTable)
-    if (row.Target == target) return row.Action(bench);
+    if (row.Target == event.Target) return row.Action(bench);
+  PressInDrawing(bench, event);
+}
+
+void PressControl(Workbench &bench, Ctl target) {
+  Event press;
+  press.Target = target;
+  Press(bench, press);
+}
+
+void DrawingKey(Workbench &bench, const Event &event) {
+  if (bench.Sim.ResultMode) return;
+  const bool control = event.Shift == 2;
+  if (control && event.KeyCode == 'Z') return UndoChange(bench.Draft);
+  if (control && event.KeyCode == 'Y') return RedoChange(bench.Draft);
+  PanelKey(bench.Draft, event);
+  if (const auto target = HotKeyPressed(bench.Draft, event.KeyCode, event.Shift))
+    PressControl(bench, *target);
+}
+
+constexpr Ctl Fields[] = {Ctl::X_Input, Ctl::Y_Input};
+
+void MainKey(Workbench &bench, const Event &event) {
+  if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
+    return FieldKey(bench.Draft, event);
+  if (event.Target == Ctl::DrawPanel || event.KeyCode == 27) return DrawingKey(bench, event);
+  CreationText(bench.Draft, event);
+}
+
+void MainText(Workbench &bench, const Event &event) {
+  if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
+    return FieldText(bench.Draft, event);
+  CreationText(bench.Draft, event);
 }
 
 void AboutEvent(Workbench &bench, const Event &event) {
@@ -79,12 +135,15 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "Dimensions") return DimensionsEvent(bench, event);
   if (window == "IntroPage") return IntroEvent(bench, event);
   if (window == "frmAbout") return AboutEvent(bench, event);
+  if (window == "Question_Form") return QuestionEvent(bench.Out, event);
   if (event.What == Event::Kind::Drop) return OpenDropped(bench, event.Text);
   if (event.What == Event::Kind::Close) {
     CloseMain(bench);
     return;
   }
-  if (event.What == Event::Kind::Press) return Press(bench, event.Target);
+  if (event.What == Event::Kind::Press) return Press(bench, event);
+  if (event.What == Event::Kind::Key) return MainKey(bench, event);
+  if (event.What == Event::Kind::Text) return MainText(bench, event);
   if (event.Target == Ctl::DrawPanel) return PanelEvent(bench, event);
   if (event.What == Event::Kind::MouseMove &&
       (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
@@ -101,6 +160,7 @@ void Dispatch(Workbench &bench, const Event &event) {
     Route(bench, event);
   } catch (const Fault &fault) {
     bench.Running = false;
+    bench.Grain.GeomAbort = true;
     bench.Out[Ctl::SimMsg].Visible = false;
     bench.Out.Ask({"Unanticipated error " + std::to_string(fault.Number) + ": " + fault.Text,
                    bench.Out[Ctl::frmMain].Text, Buttons::Ok, Icon::Exclamation});

@@ -1,6 +1,7 @@
 #include "shell/file_menu.h"
 
 #include "base/whole_file.h"
+#include "drafting/command_machine.h"
 #include "shell/design_defaults.h"
 #include "shell/design_view.h"
 #include "shell/grain_file.h"
@@ -72,6 +73,7 @@ void NewGrain(Workbench &bench) {
   grain.CurrentFile.clear();
   grain.SavedFlag = true;
   grain.Table.EntCount = -1;
+  ResetDrafting(bench.Draft);
   bench.Caption.clear();
   bench.Recovered.Open = false;
   const float back = grain.Doc.BackColor,
@@ -95,6 +97,7 @@ bool ReadIntoDesign(Workbench &bench, const std::string &path) {
   fresh.CurrentFile = path;
   fresh.SavedFlag = true;
   bench.Grain = fresh;
+  ResetDrafting(bench.Draft);
   bench.Caption = BareName(path);
   bench.Recovered.Open = false;
   ClearResults(bench);

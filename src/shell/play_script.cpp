@@ -1,9 +1,12 @@
 #include "shell/play_script.h"
 
+#include "drafting/hot_keys.h"
+#include "shell/design_view.h"
 #include "shell/dialogs.h"
 #include "shell/dispatch.h"
 #include "shell/grain_file.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -41,7 +44,7 @@ void Send(Player &p, const Event &event) {
   Dispatch(p.Bench, event);
   if (p.Out.Focus != Ctl::Count) p.Field = std::exchange(p.Out.Focus, Ctl::Count);
   const auto window = FindControl(RowOf(p.Field).Window);
-  if (window && !p.Out[*window].Visible) p.Field = Ctl::DrawPanel;
+  if ((window && !p.Out[*window].Visible) || !p.Out[p.Field].Visible) p.Field = Ctl::DrawPanel;
 }
 
 void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0) {
@@ -55,25 +58,66 @@ void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int but
   Send(p, e);
 }
 
+// Of a name that stands in several windows the one in the window that is open.
+std::optional<Ctl> OpenControl(const Player &p, std::string_view name) {
+  std::optional<Ctl> found;
+  for (std::size_t i = 0; i < CtlCount; ++i) {
+    const auto control = static_cast<Ctl>(i);
+    const auto window = FindControl(RowOf(control).Window);
+    const bool open =
+        window && p.Out[*window].Visible && *window != Ctl::frmMain && *window != Ctl::tbToolBar;
+    if (RowOf(control).Name == name && open) found = control;
+  }
+  return found;
+}
+
 bool Name(Player &p, std::string_view name, Ctl &control) {
-  const auto found = FindControl(name);
+  auto found = FindControl(name);
+  if (!found) found = OpenControl(p, name);
   if (!found) Fail(p.Out.Lines, "there is no one control " + std::string(name));
   control = found.value_or(Ctl::Count);
   return found.has_value();
 }
 
-void Press(Player &p, std::string_view name) {
+bool Usable(Player &p, Ctl control) {
+  if (p.Out[control].Visible && p.Out[control].Enabled) return true;
+  Fail(p.Out.Lines, std::string(RowOf(control).Name) + " cannot be used now");
+  return false;
+}
+
+void PressControl(Player &p, const Event &press) {
+  if (!Usable(p, press.Target)) return;
+  p.Field = Ctl::DrawPanel;
+  Send(p, press);
+}
+
+void Press(Player &p, std::string_view name) { // NAME, or LIST:ITEM
+  const auto colon = name.find(':');
   Event e;
-  if (!Name(p, name, e.Target)) return;
-  if (!p.Out[e.Target].Visible || !p.Out[e.Target].Enabled)
-    return Fail(p.Out.Lines, std::string(name) + " cannot be pressed now");
-  Send(p, e);
+  if (!Name(p, name.substr(0, colon), e.Target)) return;
+  if (colon != name.npos) {
+    e.Text = name.substr(colon + 1);
+    const auto &items = p.Out[e.Target].Item;
+    if (std::find(items.begin(), items.end(), e.Text) == items.end())
+      return Fail(p.Out.Lines, std::string(name.substr(0, colon)) + " has no item " + e.Text);
+  }
+  PressControl(p, e);
+}
+
+void Command(Player &p, std::string_view number) {
+  int slot = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), slot);
+  Event e;
+  if (error == std::errc() && end == number.data() + number.size()) e.Target = HotKeyControl(slot);
+  if (e.Target == Ctl::Count) return Fail(p.Out.Lines, "there is no command " + std::string(number));
+  PressControl(p, e);
 }
 
 void Type(Player &p, std::string_view rest) {
   Event e;
   e.What = Event::Kind::Text;
   if (!Name(p, Word(rest), e.Target)) return;
+  if (!Usable(p, e.Target)) return;
   e.Text = rest;
   p.Field = e.Target;
   Send(p, e);
@@ -84,13 +128,20 @@ void Key(Player &p, std::string_view name) {
   Event e;
   e.What = Event::Kind::Key;
   e.Target = p.Field;
-  if (name.starts_with("Ctrl+")) e.Shift = 2, name.remove_prefix(5);
   const struct {
     std::string_view Name;
     int Code;
-  } codes[] = {{"Enter", 13}, {"Escape", 27}, {"Tab", 9}, {"Delete", 46}};
+  } held[] = {{"Shift+", 1}, {"Ctrl+", 2}, {"Alt+", 4}},
+    codes[] = {{"Enter", 13}, {"Escape", 27}, {"Tab", 9}, {"Delete", 46}, {"Space", 32}};
+  for (const auto &h : held)
+    if (name.starts_with(h.Name)) e.Shift |= h.Code, name.remove_prefix(h.Name.size());
   for (const auto &c : codes)
     if (c.Name == name) e.KeyCode = c.Code;
+  int number = 0;
+  if (name.size() > 1 && name[0] == 'F' &&
+      std::from_chars(name.data() + 1, name.data() + name.size(), number).ec == std::errc() && number >= 1 &&
+      number <= 12)
+    e.KeyCode = 111 + number;
   if (name.size() == 1) e.KeyCode = name[0] >= 'a' && name[0] <= 'z' ? name[0] - 32 : name[0];
   if (e.KeyCode == 0) return Fail(p.Out.Lines, "unknown key " + std::string(name));
   Send(p, e);
@@ -107,6 +158,22 @@ void Grain(Player &p, std::string_view rest) {
   Event e;
   e.Target = Ctl::Dimensions_Next;
   Send(p, e);
+  ShowWholeGrain(p.Bench);
+}
+
+void Click(Player &p, double x, double y, int button) {
+  p.Field = Ctl::DrawPanel;
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, x, y);
+  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, x, y, button);
+  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, x, y, button);
+}
+
+void Drag(Player &p, const std::array<double, 4> &at) {
+  p.Field = Ctl::DrawPanel;
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1]);
+  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at[0], at[1], 1);
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[2], at[3]);
+  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at[2], at[3], 1);
 }
 
 void ExpectState(Player &p, std::string_view what, std::string_view name) {
@@ -150,6 +217,13 @@ void PlayLine(Player &p) {
   std::array<double, 4> at4;
   if (verb == "grain") return Grain(p, rest);
   if (verb == "press") return Press(p, rest);
+  if (verb == "cmd") return Command(p, rest);
+  if (verb == "click" && Numbers(rest, at)) return Click(p, at[0], at[1], 1);
+  if (verb == "back" && Numbers(rest, at)) return Click(p, at[0], at[1], 2);
+  if (verb == "drag" && Numbers(rest, at4)) return Drag(p, at4);
+  if (verb == "answer") return Fail(p.Out.Lines, "no question stands");
+  if (verb == "box") return Fail(p.Out.Lines, "no box stands");
+  if (verb == "file") return Fail(p.Out.Lines, "no file dialog stands");
   if (verb == "type") return Type(p, rest);
   if (verb == "key") return Key(p, rest);
   if (verb == "expect") return Expect(p, rest);

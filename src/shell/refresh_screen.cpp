@@ -1,6 +1,7 @@
 #include "shell/refresh_screen.h"
 
 #include "base/number_text.h"
+#include "drafting/command_machine.h"
 
 #include <array>
 #include <filesystem>
@@ -39,33 +40,9 @@ constexpr HintRow Hints[] = {
 
 // Controls whose subsystem is not part of this version: they stand in their place, greyed.
 constexpr Ctl Unavailable[] = {
-    Ctl::mnuImport,
-    Ctl::Export_DXF,
-    Ctl::Save_Results,
-    Ctl::mnuEditUndo,
-    Ctl::mnuEditRedo,
-    Ctl::Zoom_Window,
-    Ctl::mnuOptions,
-    Ctl::mnuGrid,
-    Ctl::mnuIncrements,
-    Ctl::PEP_Simulation,
-    Ctl::mnuchoosetemplate,
-    Ctl::mnumaketemplate,
-    Ctl::mnuTutor,
-    Ctl::tbUndo,
-    Ctl::tbRedo,
-    Ctl::tbBack,
-    Ctl::tbEscape,
-    Ctl::tbRotationDraw,
-    Ctl::tbTemplates,
-    Ctl::tbTutor,
-    Ctl::tbConfigure,
-    Ctl::tb3DRender,
-    Ctl::tb2DPlot,
-    Ctl::tb3DConfig,
-    Ctl::Performance_Sim,
-    Ctl::Empty_Circle,
-    Ctl::Empty_Template,
+    Ctl::mnuImport,       Ctl::Export_DXF, Ctl::Save_Results,    Ctl::PEP_Simulation, Ctl::mnuchoosetemplate,
+    Ctl::mnumaketemplate, Ctl::mnuTutor,   Ctl::tbTemplates,     Ctl::tbTutor,        Ctl::tb3DRender,
+    Ctl::tb2DPlot,        Ctl::tb3DConfig, Ctl::Performance_Sim, Ctl::Empty_Template,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -127,6 +104,7 @@ void ModeControls(Workbench &bench) {
 
 void RefreshScreen(Workbench &bench) {
   Screen &out = bench.Out;
+  RefreshDrafting(bench.Draft);
   for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
   for (const Ctl c : Unavailable) {
     out[c].Enabled = false;

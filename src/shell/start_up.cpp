@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "base/whole_file.h"
+#include "drafting/command_machine.h"
 #include "shell/design_defaults.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
@@ -17,7 +18,8 @@ constexpr const char *PlaceKeys[] = {"MainLeft", "MainTop", "MainWidth", "MainHe
 
 void HideWindows(Screen &out) {
   for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
-                      Ctl::SimMsg, Ctl::UserPrompt})
+                      Ctl::SimMsg, Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form,
+                      Ctl::Grid_Control, Ctl::Increments_2d})
     out[c].Visible = false;
 }
 
@@ -41,6 +43,9 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   ClaimWorkFiles(bench.Claim, bench.Folders.AppDir);
   RecoverDesign(bench, notices);
   bench.Chart2Hidden = bench.Out.PixelWidth < 1024;
+  bench.Draft.Track.AutoPoint = GetSetting(bench.Settings, "Settings", "AutoPoint") == "1";
+  bench.Draft.KeepWork = [&bench] { KeepWorkFile(bench); };
+  LeaveCommand(bench.Draft);
 }
 
 // Fields and working copy: the design at hand, else the built-in values, and over them the keys.

@@ -1,6 +1,7 @@
 #pragma once
 #include "base/settings_store.h"
 #include "burnback/run_sim.h"
+#include "drafting/drafting.h"
 #include "platform/screen.h"
 #include "shell/command_line.h"
 #include "shell/grain_document.h"
@@ -28,6 +29,7 @@ struct Recovery {
 struct Workbench {
   Screen &Out;
   Design Grain;
+  Drafting Draft{Grain, Out};
   SettingsStore Settings;
   RecentFiles Recent;
   WorkFolders Folders;

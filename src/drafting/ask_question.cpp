@@ -1,0 +1,98 @@
+#include "drafting/ask_question.h"
+
+#include "base/number_text.h"
+#include "drafting/report.h"
+#include "macros/evaluator.h"
+
+#include <cmath>
+
+namespace {
+constexpr const char *ErrorTitle = "Input Error";
+
+void Refuse(Drafting &d, const std::string &text) {
+  const bool abort = d.Grain.GeomAbort; // a question that is asked again fails nothing
+  Report(d, text, ErrorTitle, Icon::Stop);
+  d.Grain.GeomAbort = abort;
+}
+
+VariableTable Variables(const Drafting &d) {
+  VariableTable table = d.Variables;
+  SetGrainVariables(table, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
+  return table;
+}
+
+std::string Objection(const Question &q, double value) {
+  if (value == 0 && !q.AllowZero) return "ERROR: Zero Value not Allowed";
+  if (q.Whole && value != std::floor(value)) return "ERROR: A whole number must be entered";
+  if (value < q.Least || value > q.Most)
+    return "ERROR: A number from " + PlainText(q.Least) + " to " + PlainText(q.Most) + " must be entered";
+  return {};
+}
+
+bool IsPlainNumber(const std::string &text) {
+  return text.find_first_not_of("0123456789+-. ") == std::string::npos &&
+         text.find_first_of("+-", 1) == std::string::npos;
+}
+} // namespace
+
+std::optional<double> FieldValue(Drafting &d, std::string_view text) {
+  const Formula formula = EvaluateFormula(text, Variables(d));
+  if (formula.Good()) return formula.Value;
+  Refuse(d, "ERROR: " + formula.Message);
+  return std::nullopt;
+}
+
+std::optional<double> AskQuestion(Drafting &d, const Question &q) {
+  Screen &out = d.Out;
+  std::string text = PlainText(q.Value);
+  for (;;) {
+    out[Ctl::Question_Form].Text = q.Caption;
+    out[Ctl::Question_Label].Text = q.Label;
+    out[Ctl::Question_Value].Text = text;
+    out[Ctl::Question_Form].Visible = true;
+    out.Focus = Ctl::Question_Value;
+    out.RunModal(Form::Question);
+    out[Ctl::Question_Form].Visible = false;
+    text = out[Ctl::Question_Value].Text;
+    if (text.find_first_not_of(" \t") == std::string::npos) return std::nullopt;
+    const auto value = FieldValue(d, text);
+    if (!value) continue;
+    if (const std::string objection = Objection(q, *value); !objection.empty()) {
+      Refuse(d, objection);
+      continue;
+    }
+    d.Answers.push_back({*value, IsPlainNumber(text) ? std::string() : text});
+    return value;
+  }
+}
+
+std::optional<double> AskAngle(Drafting &d, std::string_view label, std::string_view caption,
+                               double radians) {
+  const auto degrees =
+      AskQuestion(d, {.Label = label, .Caption = caption, .Value = radians * 180 / Pi, .AllowZero = true});
+  if (!degrees) return std::nullopt;
+  return *degrees * Pi / 180;
+}
+
+bool AskDelta(Drafting &d, double &dx, double &dy) {
+  const auto x = AskQuestion(d, {.Label = "XV=", .Caption = "Indicate delta X position", .AllowZero = true});
+  if (!x) return false;
+  const auto y = AskQuestion(d, {.Label = "YV=", .Caption = "Indicate delta Y position", .AllowZero = true});
+  if (!y) return false;
+  dx = *x;
+  dy = *y;
+  return true;
+}
+
+void QuestionEvent(Screen &out, const Event &event) {
+  const bool key = event.What == Event::Kind::Key;
+  const bool press = event.What == Event::Kind::Press;
+  const bool accept = (press && event.Target == Ctl::Question_OK) ||
+                      (key && event.KeyCode == 13 && event.Target != Ctl::Question_Cancel);
+  const bool cancel = event.What == Event::Kind::Close || (press && event.Target == Ctl::Question_Cancel) ||
+                      (key && (event.KeyCode == 27 || (event.KeyCode == 13 && !accept)));
+  if (event.What == Event::Kind::Text && event.Target == Ctl::Question_Value)
+    out[Ctl::Question_Value].Text = event.Text;
+  if (cancel) out[Ctl::Question_Value].Text.clear();
+  if (accept || cancel) out[Ctl::Question_Form].Visible = false;
+}

@@ -1,0 +1,316 @@
+#include "drafting/command_machine.h"
+
+#include "drafting/back_store.h"
+#include "drafting/commit.h"
+#include "drafting/creation.h"
+#include "drafting/point_modes.h"
+#include "drafting/prompt.h"
+#include "drafting/report.h"
+#include "drafting/rotation_draw.h"
+#include "drafting/selection.h"
+#include "drafting/transforms.h"
+#include "drafting/zoom_window.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int LeftButton = 1, RightButton = 2, ZoomCommand = 80, StringOfLines = 2, PlayingMode = 2;
+constexpr double SamePlace = 0.0001; // mm
+constexpr int NarrowFrame = 930, WideFrame = 1350;
+constexpr std::uint32_t RunningColour = 255;
+
+constexpr std::array Lists{Ctl::XFormOption, Ctl::Delete_Mode, Ctl::HotKeyList};
+constexpr std::array Frames{Ctl::End_Frame,      Ctl::Selection_Frame, Ctl::Mirror_Frame, Ctl::Window_Frame,
+                            Ctl::Movement_Frame, Ctl::BoxWH_Frame,     Ctl::Poly_Frame};
+
+void HideAll(Drafting &d) {
+  for (const Ctl c : Lists) d.Out[c].Visible = false;
+  for (const Ctl c : Frames) d.Out[c].Visible = false;
+}
+
+void ShowFrames(Drafting &d, const CommandRow &row) {
+  HideAll(d);
+  Control &frame = d.Out[Ctl::End_Frame];
+  frame.Visible = row.Fields != EndFrame::None;
+  frame.Height = row.Fields == EndFrame::Fields ? WideFrame : NarrowFrame;
+  d.Out[Ctl::Motor_Dimensions].Visible = false;
+  d.Out[Ctl::DrawPanel].Enabled = true;
+}
+
+void ToIdle(Drafting &d) {
+  static_cast<StepState &>(d.Cmd) = StepState{};
+  d.Cmd.CmdNo = 0;
+  d.Cmd.BackDepth = d.Cmd.BackPos = 0;
+  d.Cmd.DeltaPending = false;
+  d.Under.reset();
+  d.Marks.clear();
+  d.Answers.clear();
+  d.Out.Panel.Overlay.clear();
+  HideAll(d);
+  d.Out[Ctl::DrawPanel].Enabled = true;
+  d.Out[Ctl::Motor_Dimensions].Visible = true;
+}
+
+// The last point of one line begins the next.
+void ChainLine(Drafting &d) {
+  const Point last = LastPoint(d.Cmd);
+  RestartCommand(d);
+  d.Cmd.PointX[0] = last.X;
+  d.Cmd.PointY[0] = last.Y;
+  d.Cmd.PointCount = 0;
+  d.Cmd.CmdState = 2;
+  d.Cmd.AnchorX = last.X;
+  d.Cmd.AnchorY = last.Y;
+}
+
+void GenericClick(Drafting &d, const CommandRow &row, Point at) {
+  if (!PointInput(d, at)) return;
+  CommandState &cmd = d.Cmd;
+  const Point last = LastPoint(cmd);
+  cmd.AnchorX = last.X;
+  cmd.AnchorY = last.Y;
+  const int held = cmd.PointCount + 1;
+  if (row.Points == 3) cmd.PointPhase = static_cast<std::int16_t>(held);
+  cmd.CmdState = static_cast<std::int16_t>(std::min(held, row.Points == 3 ? 1 : 2));
+  if (held < row.Points) return;
+  const unsigned changes = d.Changes;
+  row.Commit(d);
+  if (cmd.CmdNo != row.CmdNo || (d.Grain.GeomAbort && d.Changes == changes)) return;
+  if (row.CmdNo == StringOfLines)
+    ChainLine(d);
+  else
+    RestartCommand(d);
+}
+
+// One click of the running command. What fails leaves everything as it was before the click.
+void Click(Drafting &d, Point at) {
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (!row) return;
+  d.Grain.GeomAbort = false;
+  const CommandState before = d.Cmd;
+  const EntityTable rows = d.Grain.Table; // for the marks of picked rows
+  const std::vector<Point> marks = d.Marks;
+  const std::size_t logged = d.Log.Row.size();
+  const unsigned changes = d.Changes;
+  if (row->CmdNo != ZoomCommand) PushBack(d);
+  d.Cmd.PickFound = false;
+  if (row->Click)
+    row->Click(d, at);
+  else
+    GenericClick(d, *row, at);
+  if (d.Grain.GeomAbort && d.Changes == changes && d.Cmd.CmdNo == before.CmdNo) {
+    d.Cmd = before;
+    d.Marks = marks;
+    for (int i = 0; i <= rows.EntCount; ++i) RowAt(d.Grain.Table, i).Selected = RowAt(rows, i).Selected;
+    d.Log.Row.resize(std::min(logged, d.Log.Row.size()));
+  }
+  d.Answers.clear();
+  SetPrompt(d);
+  RedrawPanel(d);
+}
+
+double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) / 100; }
+
+bool WantsCorner(const Drafting &d) { return d.Cmd.WindowSelect || d.Cmd.CmdNo == ZoomCommand; }
+} // namespace
+
+void RestartCommand(Drafting &d) {
+  static_cast<StepState &>(d.Cmd) = StepState{};
+  d.Cmd.BackPos = d.Cmd.BackDepth;
+  d.Marks.clear();
+  ClearMarks(d);
+  d.Cmd.SelectCount = 0;
+  d.Out.Panel.Overlay.clear();
+}
+
+void LeaveCommand(Drafting &d) {
+  ClearMarks(d);
+  d.Cmd.SelectCount = 0;
+  ToIdle(d);
+  SetPrompt(d);
+  RedrawPanel(d);
+}
+
+void StartCommand(Drafting &d, const CommandRow &row) {
+  if (row.CmdNo == ZoomCommand) return StartZoomWindow(d);
+  const bool keeps = d.Cmd.CmdNo == 0 && d.Cmd.SelectCount > 0 && row.Enter; // works on the idle selection
+  if (keeps)
+    ToIdle(d);
+  else
+    LeaveCommand(d);
+  d.Grain.GeomAbort = false;
+  d.Cmd.CmdNo = row.CmdNo;
+  d.Cmd.BackDepth = d.Cmd.BackPos = row.BackDepth;
+  if (d.Cmd.RefType == 0) d.Cmd.RefType = CursorRef;
+  ShowFrames(d, row);
+  if (d.Grain.Table.EntCount < 300) RowAt(d.Grain.Table, d.Grain.Table.EntCount + 1).EntType = row.NewType;
+  d.Out.Focus = Ctl::DrawPanel;
+  SetPrompt(d);
+  RedrawPanel(d);
+  if (row.Start && !row.Start(d)) {
+    d.Answers.clear();
+    return LeaveCommand(d);
+  }
+  if (d.KeepWork) d.KeepWork();
+  LogInput(d, row.CmdNo);
+  SetPrompt(d);
+  RedrawPanel(d);
+}
+
+void Back(Drafting &d, int button) {
+  if (d.Grain.MacroMode == PlayingMode) return;
+  d.Grain.GeomAbort = false;
+  const bool idle = d.Cmd.CmdNo == 0;
+  if (idle && d.Cmd.SelectCount == 0) {
+    d.Out[Ctl::HotKeyList].Visible = false;
+    return;
+  }
+  if (!idle) LogInput(d, LogClick, d.Cmd.ClickX, d.Cmd.ClickY, button);
+  if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
+  const bool choosing = d.Out[Ctl::XFormOption].Visible;
+  for (const Ctl c : Lists) d.Out[c].Visible = false;
+  d.Out.Panel.Overlay.clear();
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (!row || choosing || d.Cmd.SelectCount > 0) return LeaveCommand(d);
+  if (d.Cmd.BackPos == d.Cmd.BackDepth) d.Marks.clear();
+  if (row->Back) row->Back(d);
+  if (d.Cmd.CmdNo == 0) return;
+  if (!RestoreBack(d)) return LeaveCommand(d);
+  SetPrompt(d);
+  RedrawPanel(d);
+}
+
+void Escape(Drafting &d) {
+  if (d.Cmd.CmdNo != 0) LogInput(d, LogEscape);
+  if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
+  LeaveCommand(d);
+}
+
+void MouseDown(Drafting &d, const Event &event) {
+  d.Grain.GeomAbort = false;
+  d.Cmd.ClickX = event.X;
+  d.Cmd.ClickY = event.Y;
+  const Point at{event.X, event.Y};
+  const bool listed = d.Out[Ctl::HotKeyList].Visible;
+  d.Out[Ctl::HotKeyList].Visible = false;
+  if (event.Button == RightButton) return Back(d, RightButton);
+  if (event.Button != LeftButton || listed) return;
+  if (d.Cmd.CmdNo == 0) {
+    IdlePress(d, at);
+    IdleMove(d, at);
+    return RedrawPanel(d);
+  }
+  if (!d.Out[Ctl::DrawPanel].Enabled) return;
+  const Point held = HeldPosition(d, at);
+  const Point last = LastPoint(d.Cmd);
+  if (d.Cmd.CmdNo == StringOfLines && d.Cmd.PointCount >= 0 && d.Cmd.RefType == CursorRef &&
+      !d.Cmd.DeltaPending && std::hypot(held.X - last.X, held.Y - last.Y) < SamePlace)
+    return; // a double click adds no line
+  Click(d, held);
+}
+
+void MouseMove(Drafting &d, Point at) {
+  d.Out.Panel.Overlay.clear();
+  if (d.Cmd.CmdNo == 0) return IdleMove(d, at);
+  if (!d.Out[Ctl::DrawPanel].Enabled) return;
+  TrackPointer(d, at);
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (row && row->Preview) row->Preview(d, HeldPosition(d, at));
+}
+
+void MouseUp(Drafting &d, const Event &event) {
+  if (event.Button != LeftButton) return;
+  const Point at{event.X, event.Y};
+  if (d.Cmd.CmdNo == 0) {
+    IdleRelease(d, at);
+    d.Out.Panel.Overlay.clear();
+    return RedrawPanel(d);
+  }
+  const bool dragged = std::hypot(event.X - d.Cmd.ClickX, event.Y - d.Cmd.ClickY) > CaptureDistance(d);
+  if (dragged && WantsCorner(d) && d.Out[Ctl::DrawPanel].Enabled) Click(d, at);
+}
+
+void ClickAt(Drafting &d, Point at) {
+  d.Cmd.ClickX = at.X;
+  d.Cmd.ClickY = at.Y;
+  Click(d, at);
+}
+
+void PanelKey(Drafting &d, const Event &event) {
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  switch (event.KeyCode) {
+  case 13:
+    d.Grain.GeomAbort = false;
+    if (row && row->Enter) row->Enter(d);
+    SetPrompt(d);
+    RedrawPanel(d);
+    break;
+  case 27: Escape(d); break;
+  case 46:
+    if (!row || row->Enter) DeleteSelected(d);
+    LeaveCommand(d);
+    break;
+  case 9:
+    if (d.Out[Ctl::End_Frame].Visible && d.Out[Ctl::End_Frame].Height > NarrowFrame)
+      d.Out.Focus = Ctl::X_Input;
+    break;
+  default: break;
+  }
+}
+
+bool PressDrafting(Drafting &d, const Event &event) {
+  for (const auto rows :
+       {PointButtons(), CreationButtons(), RotationButtons(), SelectionButtons(), TransformButtons()})
+    for (const ButtonRow &row : rows)
+      if (row.Target == event.Target) {
+        d.Grain.GeomAbort = false;
+        row.Action(d, event);
+        d.Answers.clear();
+        SetPrompt(d);
+        RedrawPanel(d);
+        return true;
+      }
+  const CommandRow *row = CommandOf(event.Target);
+  if (row) StartCommand(d, *row);
+  return row != nullptr;
+}
+
+namespace {
+void PutBack(Drafting &d, bool (*change)(Drafting &)) {
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (d.Cmd.CmdNo == ZoomCommand) LeaveZoomWindow(d);
+  if (!row || row->Enter)
+    LeaveCommand(d); // rows shift: no selection survives
+  else
+    RestartCommand(d);
+  if (change(d) && d.KeepWork) d.KeepWork();
+  SetPrompt(d);
+  RedrawPanel(d);
+}
+} // namespace
+
+void UndoChange(Drafting &d) {
+  PutBack(d, [](Drafting &x) { return Undo(x.Ring, x.Grain.Table, x.Grain.MacroMode); });
+}
+
+void RedoChange(Drafting &d) {
+  PutBack(d, [](Drafting &x) { return Redo(x.Ring, x.Grain.Table); });
+}
+
+void ResetDrafting(Drafting &d) {
+  d.Ring = UndoRing{};
+  d.Track.Target = {};
+  LeaveCommand(d);
+}
+
+void RefreshDrafting(Drafting &d) {
+  for (const CommandRow &row : CommandTable()) {
+    const bool running = row.CmdNo == d.Cmd.CmdNo;
+    d.Out[row.Button].Colour = running ? RunningColour : 0;
+    d.Out[row.Button].Checked = running;
+  }
+  RefreshPoints(d);
+  RefreshCreation(d);
+  RefreshSelection(d);
+}
