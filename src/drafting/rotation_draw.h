@@ -13,11 +13,19 @@ int ImageOf(const EntityTable &, const Entity &, double angle, double tolerance)
 
 // A solver's answer for the picks and then for their images, as one change: the solver runs on the table as
 // the rounds before left it. It ends quietly at the first image that is not there or not to be solved; a
-// failure of the first round is returned. Rows are matched by geometry before the change, else by the turned
-// place.
+// failure of the first round is returned, and a table that grows full. Rows are matched by geometry before
+// the change, else by the turned place; of a row that was split the part nearest to the turned place is
+// meant. A circle on the origin that the first round opens goes through OpenOriginCircle. A new row equal to
+// one made by an earlier round is left out.
 Solution
 SolveWithImages(const Drafting &, std::span<const PickedRow>,
                 const std::function<Solution(const EntityTable &, std::span<const PickedRow>)> &solve);
+
+// A circle on the origin is its own image. Where `once` opens one, leaving one stretch, the same is done
+// `times` times a pitch apart: a stretch no longer than a pitch is repeated, else what was removed is removed
+// again. Where removals would overlap, and for anything else, `once` comes back as it is.
+Solution OpenOriginCircle(const RotationDraw &, const EntityTable &before, const Solution &once, int times);
+bool OnOrigin(const Entity &, double tolerance); // a circle about the origin
 
 // Asks before a circle on the origin is repeated; true: repeat.
 bool RepeatOriginCircle(Drafting &, const Entity &);
@@ -25,3 +33,4 @@ bool RepeatOriginCircle(Drafting &, const Entity &);
 // mode is on; false: the command is to be left.
 bool TransformationQuery(Drafting &);
 std::span<const ButtonRow> RotationButtons(); // RotateDraw, DeactivateRDraw, tbRotationDraw
+void RefreshRotation(Drafting &);             // their captions and states
