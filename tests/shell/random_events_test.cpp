@@ -41,10 +41,11 @@ struct RandomScreen : Screen {
     if (use == FileUse::Open) return Luck.Of(Files);
     return Files.back() + std::to_string(Luck.Below(3));
   }
+  std::optional<std::uint32_t> AskColour(std::uint32_t) override {
+    return Luck.Below(2) ? std::optional<std::uint32_t>(Luck.Below(0x1000000)) : std::nullopt;
+  }
   void RunModal(Form form) override {
-    const Ctl self = form == Form::Dimensions  ? Ctl::Dimensions
-                     : form == Form::IntroPage ? Ctl::IntroPage
-                                               : Ctl::frmAbout;
+    const Ctl self = WindowOf(form);
     for (int i = 0; i < 30 && (*this)[self].Visible; ++i) OnEvent(Some(RowOf(self).Window));
     (*this)[self].Visible = false;
   }
