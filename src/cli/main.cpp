@@ -1,5 +1,6 @@
 #include "cli/burn.h"
 #include "cli/exit_codes.h"
+#include "cli/script.h"
 #include "shell/command_line.h"
 #include "shell/kn_batch.h"
 #include "shell/work_folder.h"
@@ -38,7 +39,8 @@ int main(int argc, char **argv) {
   app.require_subcommand(1);
   app.footer(
       "A batch Kn run:  morvandel-cli [FILE.mvd] /Kn Gd=MM Gl=MM Ea=0|1 Eb=0|1 Td=MM\n"
-      "Exit codes: 0 done, 1 refused (open or crossing outline), 2 bad use, bad file or unwritable target.");
+      "Exit codes: 0 done, 1 refused (open or crossing outline; a script's line), 2 bad use, bad file or "
+      "unwritable target.");
 
   BurnArguments burn;
   CLI::App *const command = app.add_subcommand("burn", "burn a grain file: report, step table, picture");
@@ -58,11 +60,20 @@ int main(int argc, char **argv) {
   command->add_option("--png", burn.Png, "write the picture of the burn as PNG");
   command->add_flag("--json", burn.Json, "print the figures as JSON");
 
+  ScriptArguments script;
+  CLI::App *const play = app.add_subcommand("script", "play a script of drafting steps");
+  play->add_option("FILE", script.File, "script, one step a line")->required();
+  play->add_option("--design", script.Design, "grain file to begin with (else an empty grain 20 x 40 mm)");
+  play->add_option("--save", script.Save, "write the design at the end");
+  play->add_option("--svg", script.Svg, "write a picture of the drawing at the end as SVG");
+  play->add_flag("--trace", script.Trace, "tell each line, the entity count and the prompt after it");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError &error) {
     return app.exit(error) == 0 ? Done : BadUse;
   }
+  if (play->parsed()) return ScriptCommand(script);
   burn.HasDiameter = diameter->count() > 0;
   burn.HasLength = length->count() > 0;
   burn.HasThroat = throat->count() > 0;
