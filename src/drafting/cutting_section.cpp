@@ -1,0 +1,49 @@
+#include "drafting/cutting.h"
+
+#include "drafting/command_machine.h"
+#include "drafting/cutting_picks.h"
+#include "drafting/report.h"
+#include "geometry/section.h"
+
+#include <array>
+
+namespace {
+Section SectionAt(const Drafting &d, Point at) {
+  PickScope scope;
+  scope.SnapActive = d.Track.AutoPoint && d.Cmd.RefType == CursorRef && d.Track.Target.SnapActive;
+  scope.SnapEntity = d.Track.Target.SnapEntity;
+  return SectionTrim(d.Grain.Table, at, static_cast<double>(d.Grain.Doc.GrainRadius), scope);
+}
+} // namespace
+
+void ClickSection(Drafting &d, Point at) {
+  const Section section = SectionAt(d, at);
+  if (!section.Found) return Report(d, "Entity not found");
+  const std::array picks{section.Cut, section.Left, section.Right};
+  const bool done = ApplyPicks(d, picks, [](const EntityTable &, std::span<const PickedRow> p) {
+    Section image;
+    image.Found = true;
+    image.Cut = p[0];
+    image.Left = p[1];
+    image.Right = p[2];
+    return SectionCut(image);
+  });
+  if (!done) return;
+  LogInput(d, LogFoundEnt, section.Cut.Index, at.X, at.Y);
+  RestartCommand(d);
+}
+
+void PreviewSection(Drafting &d, Point at) {
+  const Section section = SectionAt(d, at);
+  if (!section.Found) return;
+  const Entity &piece = section.Piece;
+  DrawItem item;
+  item.Role = Ink::WillGo;
+  if (piece.EntType == LineType) {
+    item.At = {piece.X1, piece.Y1, piece.X2, piece.Y2};
+  } else {
+    item.What = piece.EntType == CircleType ? DrawItem::Kind::Circle : DrawItem::Kind::Arc;
+    item.At = {piece.CenterX, piece.CenterY, piece.Radius, piece.StartAngle, piece.EndAngle};
+  }
+  d.Out.Panel.Overlay.push_back(item);
+}
