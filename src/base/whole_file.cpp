@@ -181,3 +181,10 @@ std::string WriteWhole(const std::string &path, std::string_view bytes) {
   Flush(file, bytes);
   return Commit(file, true);
 }
+
+std::string WriteWholeSoon(const std::string &path, std::string_view bytes) {
+  StreamedFile file;
+  OpenStreamed(file, path);
+  Flush(file, bytes);
+  return Commit(file, false);
+}

@@ -8,6 +8,8 @@
 std::string ReadWhole(const std::string &path,
                       std::string &bytes); // refuses folders, devices and files over 64 MiB
 std::string WriteWhole(const std::string &path, std::string_view bytes); // on the disk when it returns
+// Left to the system to bring to the disk: it outlives the program, however that ends, not a loss of power.
+std::string WriteWholeSoon(const std::string &path, std::string_view bytes);
 bool FileExists(const std::string &path);
 
 // A file too large to hold: written piece by piece beside its place and renamed into it by CommitStreamed;

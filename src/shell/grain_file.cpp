@@ -178,7 +178,9 @@ std::string NotFinite(const std::string &path, const Design &design) {
 
 std::string WriteGrain(const std::string &path, const Design &design, GrainForm form) {
   const std::string trouble = NotFinite(path, design);
-  return trouble.empty() ? WriteWhole(path, GrainText(design, form)) : trouble;
+  if (!trouble.empty()) return trouble;
+  // The work file is written at every change and serves the death of the program alone.
+  return (form == GrainForm::Work ? WriteWholeSoon : WriteWhole)(path, GrainText(design, form));
 }
 
 } // namespace
