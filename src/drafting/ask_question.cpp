@@ -28,12 +28,12 @@ std::string Objection(const Question &q, double value) {
     return "ERROR: A number from " + PlainText(q.Least) + " to " + PlainText(q.Most) + " must be entered";
   return {};
 }
+} // namespace
 
 bool IsPlainNumber(const std::string &text) {
   return text.find_first_not_of("0123456789+-. ") == std::string::npos &&
          text.find_first_of("+-", 1) == std::string::npos;
 }
-} // namespace
 
 std::optional<double> FieldValue(Drafting &d, std::string_view text) {
   const Formula formula = EvaluateFormula(text, Variables(d));

@@ -24,4 +24,5 @@ bool AskDelta(Drafting &, double &dx, double &dy); // "XV=", "YV="; false: cance
 
 // A field's text as a formula; nothing, and a box titled "Input Error", when it is no number.
 std::optional<double> FieldValue(Drafting &, std::string_view text);
+bool IsPlainNumber(const std::string &text); // digits, sign and point: no formula to be kept
 void QuestionEvent(Screen &, const Event &); // events of Question_Form

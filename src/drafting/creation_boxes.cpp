@@ -1,0 +1,74 @@
+#include "drafting/command_machine.h"
+#include "drafting/commit.h"
+#include "drafting/creation.h"
+#include "drafting/creation_parts.h"
+#include "drafting/report.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr int WidthHeight = 51;
+constexpr double SamePlace = 0.0001; // mm
+constexpr std::string_view NoBoxText = "ERROR: Height & Width of Box must be Greater than 0";
+constexpr std::array References{Ctl::TL, Ctl::TC, Ctl::TR, Ctl::CL, Ctl::CC,
+                                Ctl::RC, Ctl::BL, Ctl::BC, Ctl::BR}; // BoxReference 1..9
+
+std::array<Entity, 4> BoxLines(Point a, Point b) {
+  return {MakeLine(a.X, a.Y, b.X, a.Y), MakeLine(b.X, a.Y, b.X, b.Y), MakeLine(b.X, b.Y, a.X, b.Y),
+          MakeLine(a.X, b.Y, a.X, a.Y)};
+}
+
+} // namespace
+
+bool StartBox(Drafting &d) {
+  ShowFrame(d, Ctl::BoxWH_Frame, Ctl::BoxWidth);
+  return true;
+}
+
+void BackBox(Drafting &d) {
+  if (d.Cmd.CmdNo == WidthHeight) BackToFrame(d, Ctl::BoxWH_Frame, Ctl::BoxHeight);
+}
+
+void PressReference(Drafting &d, const Event &event) {
+  const auto at = std::find(References.begin(), References.end(), event.Target);
+  d.Tool.BoxReference = static_cast<int>(at - References.begin()) + 1;
+}
+
+void AcceptBox(Drafting &d, const Event &) {
+  if (!d.Out[Ctl::BoxWH_Frame].Visible) return;
+  std::vector<std::string> formulas;
+  const auto width = FrameValue(d, Ctl::BoxWidth, formulas);
+  if (!width) return;
+  const auto height = FrameValue(d, Ctl::BoxHeight, formulas);
+  if (!height) return;
+  if (!(*width > 0 && *height > 0)) return Report(d, NoBoxText);
+  d.Tool.BoxWidth = *width;
+  d.Tool.BoxHeight = *height;
+  HideFrame(d, Ctl::BoxWH_Frame);
+  LogInput(d, WidthHeight, *width, *height, d.Tool.BoxReference, EnterText(formulas));
+}
+
+void CommitBox(Drafting &d) {
+  Point first = PointAt(d.Cmd, 0), second;
+  if (d.Cmd.CmdNo == WidthHeight) {
+    const int column = (d.Tool.BoxReference - 1) % 3, row = (d.Tool.BoxReference - 1) / 3;
+    first.X -= d.Tool.BoxWidth * column / 2;
+    first.Y += d.Tool.BoxHeight * row / 2;
+    second = {first.X + d.Tool.BoxWidth, first.Y - d.Tool.BoxHeight};
+  } else {
+    second = PointAt(d.Cmd, 1);
+    if (std::abs(second.X - first.X) < SamePlace || std::abs(second.Y - first.Y) < SamePlace) {
+      Report(d, NoBoxText);
+      return LeaveCommand(d);
+    }
+  }
+  AddEntities(d, BoxLines(first, second));
+}
+
+void RefreshBox(Drafting &d) {
+  for (std::size_t i = 0; i < References.size(); ++i)
+    d.Out[References[i]].Checked = d.Tool.BoxReference == static_cast<int>(i) + 1;
+}
