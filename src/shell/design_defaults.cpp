@@ -65,10 +65,10 @@ std::string ApplyDefaultFile(const std::string &path, Design &design, int most) 
   return {};
 }
 
-std::string WriteDefaultFile(const std::string &path, const Design &design) {
+std::string WriteDefaultFile(const std::string &path, const Design &design, bool lineAngleGiven) {
   DraftDefaults defaults = design.Defaults;
   GrainDoc doc = design.Doc;
-  if (!FileExists(path)) defaults.LineAngleDefault = 0;
+  if (!lineAngleGiven && !FileExists(path)) defaults.LineAngleDefault = 0;
   doc.SimIncrementDisplay = RoundEven(doc.SimIncrementDisplay); // 16-bit in the file
   const auto refuse = [&](const char *name, const char *why) {
     return path + ": cannot be written: " + name + why;

@@ -7,6 +7,6 @@
 // read. An absent file is no trouble; a broken one leaves the design's values and is told in the text
 // returned (file, line, field, what was expected).
 std::string ApplyDefaultFile(const std::string &path, Design &, int most = 14);
-// All 14 values. The line angle of a file that did not exist before is written as 0. Returns the trouble, or
-// empty.
-std::string WriteDefaultFile(const std::string &path, const Design &);
+// All 14 values. The line angle of a file that did not exist before is written as 0 unless the user gave it.
+// Returns the trouble, or empty.
+std::string WriteDefaultFile(const std::string &path, const Design &, bool lineAngleGiven = false);

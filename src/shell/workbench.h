@@ -18,6 +18,14 @@ struct DimensionsCopy {
   bool Accepted = false;
 };
 
+// The working copy of Options_Form; lengths in mm, angles in radians.
+struct OptionsCopy {
+  double JoinTolerance = 0, SimIncrement = 0;
+  DraftDefaults Defaults;
+  std::array<std::string, 8> Text; // of the rows, angles in degrees
+  std::array<bool, 8> Typed{};     // the text is the user's
+};
+
 // A design found after a crash.
 struct Recovery {
   bool Open = false; // it is the design now open
@@ -36,6 +44,8 @@ struct Workbench {
   WorkClaim Claim;
   CommandLine Command;
   DimensionsCopy Dialog;
+  OptionsCopy Options;
+  HotKey PendingKey; // the last keys pressed in HotKeyForm
   Recovery Recovered;
   SimulationView Sim;
   std::string Caption;               // what stands behind "Morvandel - " in the title
