@@ -100,6 +100,7 @@ int ScriptCommand(const ScriptArguments &a) {
     screen.PlayLine();
     if (a.Trace) Trace(bench, screen.Lines, from);
   }
+  screen.RefuseLeftOvers();
   if (!screen.Lines.Fault.empty()) return Fail(Refused, a.File + ": " + screen.Lines.Fault);
 
   std::string trouble;

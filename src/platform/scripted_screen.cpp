@@ -1,5 +1,6 @@
 #include "platform/scripted_screen.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -56,6 +57,35 @@ void Fail(Script &script, const std::string &why) {
   if (script.Fault.empty()) script.Fault = "line " + std::to_string(script.Next) + ": " + why;
 }
 
+void ScriptedScreen::KeepAhead(std::string_view line) { Ahead.push_back({std::string(line), Lines.Next}); }
+
+void ScriptedScreen::RefuseLeftOvers() {
+  if (!Ahead.empty() && Lines.Fault.empty())
+    Lines.Fault =
+        "line " + std::to_string(Ahead.front().Number) + ": nothing asked for " + Ahead.front().Line;
+  Ahead.clear();
+}
+
+std::optional<std::string> ScriptedScreen::TakeAnswer(std::string_view verb) {
+  const auto answers = [verb](std::string_view line) {
+    return line == verb || (line.starts_with(verb) && line[verb.size()] == ' ');
+  };
+  const auto tail = [verb](std::string_view line) {
+    return std::string(line.substr(std::min(line.size(), verb.size() + 1)));
+  };
+  const auto early =
+      std::find_if(Ahead.begin(), Ahead.end(), [&](const Early &e) { return answers(e.Line); });
+  if (early != Ahead.end()) {
+    const std::string text = tail(early->Line);
+    Ahead.erase(early);
+    return text;
+  }
+  const std::string_view line = Upcoming(Lines);
+  if (!answers(line)) return std::nullopt;
+  ++Lines.Next;
+  return tail(line);
+}
+
 Answer ScriptedScreen::Ask(const Box &box) {
   bool told = false;
   if (const std::string_view text = Rest(Upcoming(Lines), "expect box "); !text.empty()) {
@@ -63,11 +93,11 @@ Answer ScriptedScreen::Ask(const Box &box) {
     told = true;
     if (box.Text.find(text) == std::string::npos) Fail(Lines, "the box says \"" + box.Text + "\"");
   }
-  if (const std::string_view name = Rest(Upcoming(Lines), "box "); !name.empty()) {
-    ++Lines.Next;
+  LastBox = box.Text;
+  if (const auto name = TakeAnswer("box")) {
     for (const Offered &o : Names)
-      if (name == o.Name && Offers(box.Offer, o.Means)) return o.Means;
-    Fail(Lines, "the box \"" + box.Text + "\" offers no " + std::string(name));
+      if (*name == o.Name && Offers(box.Offer, o.Means)) return o.Means;
+    Fail(Lines, "the box \"" + box.Text + "\" offers no " + *name);
     return Answer::Cancel;
   }
   if (told && box.Offer == Buttons::Ok) return Answer::Ok;
@@ -76,54 +106,47 @@ Answer ScriptedScreen::Ask(const Box &box) {
 }
 
 std::optional<std::string> ScriptedScreen::AskFile(FileUse, std::string_view, std::string_view) {
-  const std::string path(Rest(Upcoming(Lines), "file "));
-  if (path.empty()) {
-    Fail(Lines, "unexpected file dialog");
-    return std::nullopt;
-  }
-  ++Lines.Next;
-  if (path == "cancel") return std::nullopt;
+  const auto path = TakeAnswer("file");
+  if (!path || path->empty()) Fail(Lines, "unexpected file dialog");
+  if (!path || path->empty() || *path == "cancel") return std::nullopt;
   return path;
 }
 
 std::optional<std::uint32_t> ScriptedScreen::AskColour(std::uint32_t) {
-  const std::string text(Rest(Upcoming(Lines), "answer "));
-  if (text.empty()) {
-    Fail(Lines, "unexpected colour dialog");
-    return std::nullopt;
-  }
-  ++Lines.Next;
+  const auto text = TakeAnswer("answer");
+  if (!text) Fail(Lines, "unexpected colour dialog");
+  if (!text || *text == "cancel") return std::nullopt;
   std::uint32_t colour = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), colour);
-  if (text != "cancel" && (error != std::errc() || end != text.data() + text.size() || colour > 0xFFFFFF))
-    Fail(Lines, text + " is no colour from 0 to 16777215");
-  if (text == "cancel" || !Lines.Fault.empty()) return std::nullopt;
-  return colour;
+  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), colour);
+  if (error == std::errc() && end == text->data() + text->size() && colour <= 0xFFFFFF) return colour;
+  Fail(Lines, *text + " is no colour from 0 to 16777215");
+  return std::nullopt;
 }
 
-// True when the upcoming line answers the question that stands.
+// True when there is an answer to the question that stands.
 bool ScriptedScreen::AnswerQuestion() {
-  const std::string text(Rest(Upcoming(Lines), "answer"));
-  if (text.empty() && Upcoming(Lines) != "answer") return false;
-  ++Lines.Next;
+  const auto text = TakeAnswer("answer");
+  if (!text) return false;
   Event event;
-  const std::string value = text.empty() ? text : text.substr(1);
-  if (value != "cancel") {
+  if (*text != "cancel") {
     event.What = Event::Kind::Text;
     event.Target = Ctl::Question_Value;
-    event.Text = value;
+    event.Text = *text;
     OnEvent(event);
   }
   event = {};
-  event.Target = value == "cancel" ? Ctl::Question_Cancel : Ctl::Question_OK;
+  event.Target = *text == "cancel" ? Ctl::Question_Cancel : Ctl::Question_OK;
   OnEvent(event);
   return true;
 }
 
 void ScriptedScreen::RunModal(Form form) {
   const Ctl self = WindowOf(form);
-  while ((*this)[self].Visible && !AtEnd(Lines))
-    if (form != Form::Question || !AnswerQuestion()) PlayLine();
+  while ((*this)[self].Visible && Lines.Fault.empty())
+    if (form != Form::Question || !AnswerQuestion()) {
+      if (AtEnd(Lines)) break;
+      PlayLine();
+    }
   if (!(*this)[self].Visible) return;
   Fail(Lines, form == Form::Question ? "unanswered question \"" + (*this)[Ctl::Question_Label].Text + "\""
                                      : "unanswered dialog " + std::string(RowOf(self).Name));

@@ -20,12 +20,17 @@ void Fail(Script &, const std::string &); // of the line taken last; the first o
 // A screen without a display. Modal questions and windows take their answers from the lines that follow the
 // one that raised them: `box ANSWER` (after `expect box TEXT`, if its words matter), `file PATH` or `file
 // cancel`, `answer TEXT` or `answer cancel` for a value (of a colour: its number), and for a dialog any lines
-// up to the one that closes it. What comes unexpected is a fault of the script.
+// up to the one that closes it. An answer may also stand before the line that raises its question: it is kept
+// for the next one. What comes unexpected, and an answer nobody asked for, is a fault of the script.
 class ScriptedScreen : public Screen {
 public:
   Script Lines;
   std::function<void()> PlayLine; // takes and plays the next line
   double Waited = 0;              // seconds
+  std::string LastBox;            // words of the last box that was answered
+
+  void KeepAhead(std::string_view line); // an answer, box or file line that nothing has asked for yet
+  void RefuseLeftOvers();                // a fault when one was never asked for
 
   Answer Ask(const Box &) override;
   std::optional<std::string> AskFile(FileUse, std::string_view filter, std::string_view initial) override;
@@ -34,5 +39,11 @@ public:
   void Wait(double seconds) override;
 
 private:
+  struct Early {
+    std::string Line;
+    std::size_t Number = 0;
+  };
+  std::vector<Early> Ahead;
+  std::optional<std::string> TakeAnswer(std::string_view verb); // kept ahead, else the upcoming line
   bool AnswerQuestion();
 };

@@ -196,6 +196,12 @@ void Expect(Player &p, std::string_view rest) {
     if (got != rest) Fail(p.Out.Lines, "expected \"" + std::string(rest) + "\", found \"" + got + "\"");
   };
   if (what == "prompt") return differs(p.Out[Ctl::UserPrompt].Visible ? p.Out[Ctl::UserPrompt].Text : "");
+  if (what == "box") {
+    if (p.Out.LastBox.empty() || p.Out.LastBox.find(rest) == std::string::npos)
+      Fail(p.Out.Lines, "the last box said \"" + p.Out.LastBox + "\"");
+    p.Out.LastBox.clear();
+    return;
+  }
   if (what == "count") return differs(std::to_string(p.Bench.Grain.Table.EntCount + 1));
   if (what == "text") {
     Ctl control;
@@ -221,9 +227,7 @@ void PlayLine(Player &p) {
   if (verb == "click" && Numbers(rest, at)) return Click(p, at[0], at[1], 1);
   if (verb == "back" && Numbers(rest, at)) return Click(p, at[0], at[1], 2);
   if (verb == "drag" && Numbers(rest, at4)) return Drag(p, at4);
-  if (verb == "answer") return Fail(p.Out.Lines, "no question stands");
-  if (verb == "box") return Fail(p.Out.Lines, "no box stands");
-  if (verb == "file") return Fail(p.Out.Lines, "no file dialog stands");
+  if (verb == "answer" || verb == "box" || verb == "file") return p.Out.KeepAhead(line);
   if (verb == "type") return Type(p, rest);
   if (verb == "key") return Key(p, rest);
   if (verb == "expect") return Expect(p, rest);
@@ -265,4 +269,5 @@ void BindScript(Workbench &bench, ScriptedScreen &screen) {
 
 void PlayScript(ScriptedScreen &screen) {
   while (!AtEnd(screen.Lines)) screen.PlayLine();
+  screen.RefuseLeftOvers();
 }
