@@ -1,28 +1,48 @@
 #pragma once
 #include "drafting/command_table.h"
 
-// How a selection is built: picks, a window, a type, all; and the deletes.
+#include <vector>
 
-bool StartErase(Drafting &);     // 85
-bool StartSelection(Drafting &); // 86, 94, 95
-void ClickErase(Drafting &, Point);
+// How a selection is built: picks, a window, a type, all; what is done with it; and the deletes.
+
+bool StartErase(Drafting &);            // 85
+bool StartSelection(Drafting &);        // 86, 94, 95
+void ClickErase(Drafting &, Point);     // 85
 void ClickSelection(Drafting &, Point); // 86, 94, 95: by method
-void EnterDelete(Drafting &);           // 86
-void BackSelection(Drafting &);         // 70..73, 76, 86, 94, 95
+void EnterSelection(Drafting &);        // 70..73, 76, 86, 94, 95: the selection is complete
+void BackSelection(Drafting &);         // the same
 const char *StemSelection(const Drafting &);
+void PreviewSelection(Drafting &, Point); // the window being drawn
 
 // A click while the selection is being built; true when it was taken for that.
 bool SelectionClick(Drafting &, Point);
 bool Selecting(const Drafting &); // the running command still builds its selection
+// Hands the selection to the running command, which logs the step as `kind` (0: Enter). With nothing selected
+// the command is left.
+void AcceptSelection(Drafting &, int kind);
+void LogAccept(Drafting &, int kind);
+// The command stands again at the building of a selection, or ends with the idle selection it took.
+void SelectAgain(Drafting &);
+
 int CountSelected(const EntityTable &);
 // Rows by the rule in force against WindowLeft..WindowBottom. Circles and arcs by their extreme points.
 bool InWindow(const Entity &, const SelectionValues &);
-void MarkWindow(Drafting &, Point corner, Point opposite);
+void SetWindow(SelectionValues &, Point corner, Point opposite); // in any order
+void MarkWindow(Drafting &, Point corner, Point opposite);       // further rows; none is unmarked
+void ShowWindow(Drafting &, Point corner, Point opposite);       // into Overlay
+
+// The marked rows (Turn 0) and, with images, the rows that are theirs turned by Turn pitches; each row once.
+struct TurnedIndex {
+  int Index = -1, Turn = 0;
+};
+std::vector<TurnedIndex> SelectedRows(const Drafting &, bool images);
 void DeleteSelected(Drafting &); // the marked rows (in rotation mode their images too), one undo
 
+// Idle: a press and release on the same spot selects one entity, or deselects it; a drag selects by
+// WindowRule.
 void IdlePress(Drafting &, Point);
 void IdleMove(Drafting &, Point);
-void IdleRelease(Drafting &, Point); // one entity on the same spot, else the window
+void IdleRelease(Drafting &, Point);
 
 std::span<const ButtonRow> SelectionButtons(); // Selection_Frame, Window_Frame, Delete_Mode
 void RefreshSelection(Drafting &);

@@ -4,6 +4,7 @@
 #include "base/text_record.h"
 #include "base/whole_file.h"
 #include "drafting/command_machine.h"
+#include "drafting/transform_rows.h"
 #include "shell/design_view.h"
 #include "shell/file_menu.h"
 #include "shell/recovery.h"
@@ -143,11 +144,7 @@ bool ScaleEntities(EntityTable &table, double factor) {
   EntityTable scaled = table;
   for (int i = 0; i <= scaled.EntCount; ++i) {
     Entity &e = RowAt(scaled, i);
-    for (double *value : {&e.X1, &e.Y1, &e.X2, &e.Y2, &e.CenterX, &e.CenterY}) *value *= factor;
-    if (e.EntType == LineType)
-      SetLineSlope(e);
-    else
-      e.Radius *= factor;
+    e = ScaledRow(e, {0, 0}, factor);
     for (const double value : {e.X1, e.Y1, e.X2, e.Y2, e.CenterX, e.CenterY, e.Radius, e.Intercept})
       if (!std::isfinite(value)) return false;
   }
