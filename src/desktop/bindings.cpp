@@ -2,9 +2,17 @@
 
 #include "desktop/event_codes.h"
 
+#include "desktop/choice_buttons.h"
+#include "desktop/pop_up_list.h"
+#include "desktop/theme.h"
+
 #include <QAbstractButton>
 #include <QDialog>
+#include <QListWidget>
 #include <QMainWindow>
+#include <QPainter>
+#include <QSlider>
+#include <QStyle>
 #include <algorithm>
 
 namespace {
@@ -19,7 +27,9 @@ protected:
     if (event->type() != QEvent::KeyPress) return false;
     const auto &key = static_cast<const QKeyEvent &>(*event);
     const int code = KeyCode(key);
-    if (code != 13 && code != 27) return false;
+    const bool drafting =
+        Control == Ctl::X_Input || Control == Ctl::Y_Input; // whose Tab the core answers too
+    if (code != 13 && code != 27 && !(drafting && code == 9)) return false;
     Event e;
     e.What = Event::Kind::Key;
     e.Target = Control;
@@ -34,10 +44,45 @@ private:
   Sender Send;
 };
 
-void Press(Bindings &bindings, Ctl control) {
+// A right click on a tool asks about the tool instead of starting it.
+class RightPress final : public QObject {
+public:
+  RightPress(Bindings &bindings, Ctl control, QWidget *tool)
+      : QObject(tool), Owner(bindings), Control(control), Tool(tool) {}
+
+protected:
+  bool eventFilter(QObject *, QEvent *event) override {
+    if (event->type() != QEvent::MouseButtonPress) return false;
+    if (static_cast<const QMouseEvent &>(*event).button() != Qt::RightButton) return false;
+    Owner.Asked = Tool;
+    Touch(Owner, Ctl::HotKeyList);
+    Event e;
+    e.Target = Control;
+    e.Button = 2;
+    Owner.Send(e);
+    return true;
+  }
+
+private:
+  Bindings &Owner;
+  Ctl Control;
+  QWidget *Tool;
+};
+
+void Press(Bindings &bindings, Ctl control, const QString &item = {}) {
   Touch(bindings, control);
   Event e;
   e.Target = control;
+  e.Text = item.toStdString();
+  bindings.Send(e);
+}
+
+void SendText(Bindings &bindings, Ctl control, const QString &text) {
+  Touch(bindings, control);
+  Event e;
+  e.What = Event::Kind::Text;
+  e.Target = control;
+  e.Text = text.toStdString();
   bindings.Send(e);
 }
 
@@ -63,22 +108,86 @@ QString ToolTip(const Control &from) {
   return from.Enabled && !hint.isEmpty() ? hint : QString(TextOf(from) + "\n" + hint).trimmed();
 }
 
+// How strongly the core colours a button: 0 not, 1 the running tool or the mode chosen, 2 a mode that the
+// automatic one takes in.
+int LitOf(const Control &from) {
+  constexpr std::uint32_t Face = 0xC0C0C0, Automatic = 0xC8C880;
+  if (from.Colour == 0 || from.Colour == Face) return 0;
+  return from.Colour == Automatic ? 2 : 1;
+}
+
+QIcon Sample(std::uint32_t colour, const QWidget &widget) {
+  constexpr int Side = 18;
+  QPixmap sample(QSize(Side, Side) * widget.devicePixelRatioF());
+  sample.setDevicePixelRatio(widget.devicePixelRatioF());
+  sample.fill(Qt::transparent);
+  QPainter painter(&sample);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(widget.palette().color(QPalette::Dark), 1));
+  painter.setBrush(FromRed(colour));
+  painter.drawRoundedRect(QRectF(0.5, 0.5, Side - 1, Side - 1), 3, 3);
+  return sample;
+}
+
+void CopyTo(QAbstractButton &button, const Control &from) {
+  const QString text = TextOf(from);
+  if (button.property("wordless").toBool()) {
+    button.setAccessibleName(text);
+    button.setToolTip(from.Hint.empty() ? text : QString::fromStdString(from.Hint));
+  } else {
+    button.setText(text);
+    button.setToolTip(button.property("tool").toBool() ? ToolTip(from) : QString::fromStdString(from.Hint));
+  }
+  if (button.isCheckable()) button.setChecked(from.Checked);
+  if (button.property("sample").toBool()) button.setIcon(Sample(from.Colour, button));
+  if (const int lit = LitOf(from);
+      button.property("tool").toBool() && button.property("lit").toInt() != lit) {
+    button.setProperty("lit", lit);
+    button.style()->unpolish(&button);
+    button.style()->polish(&button);
+  }
+}
+
+void CopyTo(QListWidget &list, const Control &from) {
+  const QSignalBlocker quiet(list);
+  bool same = list.count() == static_cast<int>(from.Item.size());
+  for (int i = 0; same && i < list.count(); ++i)
+    same = list.item(i)->text().toStdString() == from.Item[static_cast<std::size_t>(i)];
+  if (!same) {
+    list.clear();
+    for (const std::string &item : from.Item) list.addItem(QString::fromStdString(item));
+  }
+  list.setCurrentRow(from.Index);
+}
+
+void CopyTo(QSlider &slider, const Control &from) {
+  const QSignalBlocker quiet(slider);
+  slider.setRange(static_cast<int>(from.Least), static_cast<int>(from.Most));
+  slider.setValue(TextOf(from).toInt());
+}
+
 void CopyTo(QWidget &widget, const Control &from) {
   const QString text = TextOf(from);
+  if (auto *list = dynamic_cast<PopUpList *>(&widget)) return list->Copy(from);
   if (auto *button = qobject_cast<QAbstractButton *>(&widget)) {
-    button->setText(text);
-    if (button->isCheckable()) button->setChecked(from.Checked);
-    button->setToolTip(button->property("tool").toBool() ? ToolTip(from) : QString::fromStdString(from.Hint));
+    CopyTo(*button, from);
   } else if (auto *label = qobject_cast<QLabel *>(&widget)) {
     label->setText(text);
   } else if (auto *field = qobject_cast<QLineEdit *>(&widget)) {
     if (field->text() != text) field->setText(text);
+  } else if (auto *list = qobject_cast<QListWidget *>(&widget)) {
+    CopyTo(*list, from);
+  } else if (auto *slider = qobject_cast<QSlider *>(&widget)) {
+    CopyTo(*slider, from);
+  } else if (auto *choices = dynamic_cast<ChoiceButtons *>(&widget)) {
+    choices->Copy(from);
   }
   if (widget.isWindow()) {
     widget.setWindowTitle(text);
     return; // shown and hidden by the screen
   }
-  widget.setEnabled(from.Enabled);
+  // A drawing that takes no clicks is still zoomed, panned and stepped back from: the core refuses the rest.
+  if (!dynamic_cast<DrawPanel *>(&widget)) widget.setEnabled(from.Enabled);
   widget.setVisible(from.Visible);
 }
 } // namespace
@@ -102,17 +211,42 @@ QAbstractButton *BindButton(Bindings &bindings, Ctl control, QAbstractButton *bu
   return Bind(bindings, control, button);
 }
 
+QAbstractButton *BindTool(Bindings &bindings, Ctl control, QAbstractButton *button) {
+  button->setProperty("tool", true);
+  button->installEventFilter(new RightPress(bindings, control, button));
+  return BindButton(bindings, control, button);
+}
+
 QLineEdit *BindField(Bindings &bindings, Ctl control, QLineEdit *field) {
-  QObject::connect(field, &QLineEdit::textEdited, field, [&bindings, control](const QString &text) {
-    Touch(bindings, control);
-    Event e;
-    e.What = Event::Kind::Text;
-    e.Target = control;
-    e.Text = text.toStdString();
-    bindings.Send(e);
-  });
+  QObject::connect(field, &QLineEdit::textEdited, field,
+                   [&bindings, control](const QString &text) { SendText(bindings, control, text); });
   field->installEventFilter(new FieldKeys(control, bindings.Send, field));
   return Bind(bindings, control, field);
+}
+
+QListWidget *BindList(Bindings &bindings, Ctl control, QListWidget *list) {
+  QObject::connect(list, &QListWidget::currentTextChanged, list,
+                   [&bindings, control](const QString &item) { Press(bindings, control, item); });
+  return Bind(bindings, control, list);
+}
+
+QSlider *BindSlider(Bindings &bindings, Ctl control, QSlider *slider) {
+  QObject::connect(slider, &QSlider::valueChanged, slider,
+                   [&bindings, control](int value) { SendText(bindings, control, QString::number(value)); });
+  return Bind(bindings, control, slider);
+}
+
+QWidget *BindChoices(Bindings &bindings, Ctl control) {
+  return Bind(bindings, control, new ChoiceButtons([&bindings, control](const QString &item) {
+                Press(bindings, control, item);
+              }));
+}
+
+QWidget *BindPopUp(Bindings &bindings, Ctl control, Ctl title, QWidget *parent) {
+  auto *list = new PopUpList([&bindings, control](const QString &item) { Press(bindings, control, item); },
+                             bindings.Asked, parent);
+  Bind(bindings, title, list->Head());
+  return Bind(bindings, control, list);
 }
 
 void Mirror(Bindings &bindings, const Screen &screen) {

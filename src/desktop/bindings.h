@@ -8,6 +8,8 @@
 #include <vector>
 
 class QAbstractButton;
+class QListWidget;
+class QSlider;
 
 // Which widget or menu entry shows which control, and what it last showed.
 struct Binding {
@@ -21,6 +23,7 @@ struct Binding {
 struct Bindings {
   std::vector<Binding> List;
   Sender Send;
+  QWidget *Asked = nullptr; // the tool last clicked with the right button
 };
 QWidget *Find(const Bindings &, Ctl); // null: none, or a menu entry
 
@@ -33,6 +36,11 @@ Widget *Bind(Bindings &bindings, Ctl control, Widget *widget) {
 }
 QAction *BindAction(Bindings &, Ctl, QAction *, char mnemonic);  // sends Press
 QAbstractButton *BindButton(Bindings &, Ctl, QAbstractButton *); // sends Press
+QAbstractButton *BindTool(Bindings &, Ctl, QAbstractButton *);   // and a press with the right button
+QListWidget *BindList(Bindings &, Ctl, QListWidget *);           // sends Press with the item
+QSlider *BindSlider(Bindings &, Ctl, QSlider *);                 // sends Text
+QWidget *BindChoices(Bindings &, Ctl);                           // a list as a row of buttons
+QWidget *BindPopUp(Bindings &, Ctl, Ctl title, QWidget *parent); // a list that opens at the tool asked about
 QLineEdit *BindField(Bindings &, Ctl, QLineEdit *);              // sends Text, Enter and Escape
 
 void Mirror(Bindings &, const Screen &); // copies what differs

@@ -1,26 +1,15 @@
 #include "desktop/dialogs.h"
 
-#include "desktop/event_codes.h"
 #include "desktop/icons.h"
 #include "desktop/panes.h"
 #include "desktop/theme.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 
 namespace {
-QPushButton *Button(Bindings &bindings, Ctl control, bool chief) {
-  auto *button = new QPushButton;
-  button->setDefault(chief);
-  button->setAutoDefault(chief);
-  button->setMinimumWidth(96);
-  BindButton(bindings, control, button);
-  return button;
-}
-
 QHBoxLayout *Heading(const QString &title, QLabel *below, const QWidget &dialog) {
   auto *row = new QHBoxLayout;
   row->setSpacing(16);
@@ -38,38 +27,7 @@ QHBoxLayout *Heading(const QString &title, QLabel *below, const QWidget &dialog)
   row->addLayout(words, 1);
   return row;
 }
-
-QVBoxLayout *Column(FormDialog &dialog) {
-  auto *column = new QVBoxLayout(&dialog);
-  column->setContentsMargins(28, 26, 28, 22);
-  column->setSpacing(20);
-  column->setSizeConstraint(QLayout::SetFixedSize);
-  return column;
-}
 } // namespace
-
-FormDialog::FormDialog(Ctl self, Sender send, QWidget *parent) : QDialog(parent), Self(self) {
-  Controls.Send = std::move(send);
-  Bind(Controls, self, this);
-  setModal(true);
-}
-
-void FormDialog::closeEvent(QCloseEvent *close) {
-  close->ignore();
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Self;
-  Controls.Send(e);
-}
-
-void FormDialog::keyPressEvent(QKeyEvent *key) {
-  if (KeyCode(*key) != 27) return QDialog::keyPressEvent(key);
-  Event e;
-  e.What = Event::Kind::Key;
-  e.Target = Self;
-  e.KeyCode = 27;
-  Controls.Send(e);
-}
 
 FormDialog *MakeDimensions(Sender send, QWidget *parent) {
   static constexpr struct {
@@ -105,12 +63,7 @@ FormDialog *MakeDimensions(Sender send, QWidget *parent) {
   }
   grid->addWidget(Quiet(new QLabel("Ends that burn")), row - 2, 0);
   column->addLayout(grid);
-  auto *buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  buttons->addWidget(Button(dialog->Controls, Ctl::Dimensions_Cancel, false));
-  buttons->addWidget(Button(dialog->Controls, Ctl::Dimensions_Next, true));
-  column->addLayout(buttons);
+  AddDialogButtons(*dialog, *column, Ctl::Dimensions_Next, Ctl::Dimensions_Cancel);
   return dialog;
 }
 
@@ -150,8 +103,8 @@ FormDialog *MakeIntroPage(Sender send, QWidget *parent) {
   BindButton(dialog->Controls, Ctl::Intro_DontShow, box);
   buttons->addWidget(box);
   buttons->addStretch();
-  buttons->addWidget(Button(dialog->Controls, Ctl::Intro_Example, false));
-  buttons->addWidget(Button(dialog->Controls, Ctl::Intro_OK, true));
+  buttons->addWidget(DialogButton(dialog->Controls, Ctl::Intro_Example, false));
+  buttons->addWidget(DialogButton(dialog->Controls, Ctl::Intro_OK, true));
   column->addLayout(buttons);
   return dialog;
 }
@@ -164,7 +117,7 @@ FormDialog *MakeAbout(Sender send, QWidget *parent) {
   column->addLayout(Heading("Morvandel", text, *dialog));
   auto *buttons = new QHBoxLayout;
   buttons->addStretch();
-  buttons->addWidget(Button(dialog->Controls, Ctl::About_OK, true));
+  buttons->addWidget(DialogButton(dialog->Controls, Ctl::About_OK, true));
   column->addLayout(buttons);
   return dialog;
 }

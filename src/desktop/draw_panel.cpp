@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
 #include <tuple>
@@ -30,12 +31,19 @@ DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
 }
 
 void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
+  const bool whole = CopyStill(surface, theme);
+  CopyFlash(surface);
+  CopyOverlay(surface);
+  if (whole) update();
+}
+
+bool DrawPanel::CopyStill(const DrawSurface &surface, const Theme &theme) {
   auto &shown = Shown.Item;
   const auto &wanted = surface.Item;
   const auto parting = std::mismatch(shown.begin(), shown.end(), wanted.begin(), wanted.end());
   const auto same = static_cast<std::size_t>(parting.first - shown.begin());
   const bool sameGround = Colours == &theme && SameFrame(Shown, surface);
-  if (sameGround && same == shown.size() && same == wanted.size()) return;
+  if (sameGround && same == shown.size() && same == wanted.size()) return false;
   if (!sameGround || same < StillCount) Still = {};
   Colours = &theme;
   shown.erase(parting.first, shown.end());
@@ -43,25 +51,64 @@ void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
   CopyFrame(surface, Shown);
   // What has just changed will likely change again: the picture kept holds the rest.
   if (Still.isNull()) StillCount = sameGround ? same : shown.size();
+  return true;
+}
+
+void DrawPanel::CopyOverlay(const DrawSurface &surface) {
+  if (surface.Overlay == Shown.Overlay) return;
+  const SurfaceView view = FitView(Shown, size());
+  QRegion touched;
+  const auto touch = [&](const std::vector<DrawItem> &items) {
+    QRectF bounds;
+    for (const DrawItem &item : items) bounds |= PixelBounds(item, view);
+    touched += (bounds & QRectF(rect())).toAlignedRect();
+  };
+  touch(Shown.Overlay);
+  Shown.Overlay = surface.Overlay;
+  touch(Shown.Overlay);
+  // While only the overlay moves, the rest has come to stay.
+  if (!Still.isNull() && StillCount < Shown.Item.size()) {
+    PaintStill(StillCount, Shown.Item.size());
+    StillCount = Shown.Item.size();
+  }
+  update(touched);
+}
+
+void DrawPanel::CopyFlash(const DrawSurface &surface) {
+  if (surface.FlashNo == Shown.FlashNo) return;
+  constexpr int FlashTime = 100; // ms
+  Shown.FlashNo = surface.FlashNo;
+  Shown.Flash = surface.Flash;
   update();
+  QTimer::singleShot(FlashTime, this, [this, no = Shown.FlashNo] {
+    if (no != Shown.FlashNo) return;
+    Shown.Flash.clear();
+    update();
+  });
+}
+
+void DrawPanel::PaintStill(std::size_t from, std::size_t end) {
+  QPainter painter(&Still);
+  const SurfaceView view = FitView(Shown, size());
+  painter.setFont(TypeFont(Type::Small));
+  if (from == 0) PaintGround(painter, Shown, view, size(), *Colours);
+  PaintItems(painter, std::span(Shown.Item).subspan(from, end - from), Shown, view, *Colours);
 }
 
 void DrawPanel::paintEvent(QPaintEvent *) {
-  const QSizeF pixels = size();
-  const SurfaceView view = FitView(Shown, pixels);
+  const SurfaceView view = FitView(Shown, size());
   if (Still.isNull()) {
     Still = QPixmap(size() * devicePixelRatioF());
     Still.setDevicePixelRatio(devicePixelRatioF());
-    QPainter painter(&Still);
-    painter.setFont(TypeFont(Type::Small));
-    PaintGround(painter, Shown, view, pixels, *Colours);
-    PaintItems(painter, Shown, 0, StillCount, view, *Colours);
+    PaintStill(0, StillCount);
   }
   QPainter painter(this);
   painter.setFont(TypeFont(Type::Small));
   painter.drawPixmap(0, 0, Still);
-  PaintItems(painter, Shown, StillCount, Shown.Item.size(), view, *Colours);
-  PaintContourScale(painter, Shown, pixels, *Colours);
+  PaintItems(painter, std::span(Shown.Item).subspan(StillCount), Shown, view, *Colours);
+  PaintContourScale(painter, Shown, size(), *Colours);
+  PaintItems(painter, Shown.Overlay, Shown, view, *Colours);
+  PaintItems(painter, Shown.Flash, Shown, view, *Colours);
 }
 
 void DrawPanel::resizeEvent(QResizeEvent *) {

@@ -9,7 +9,7 @@
 using Sender = std::function<void(const Event &)>;
 
 // Shows a DrawSurface. What stays between two copies is kept as a picture, so that a pointer move paints the
-// rest only.
+// rest only; the overlay repaints no more than the places where it was and is.
 class DrawPanel final : public QWidget {
 public:
   explicit DrawPanel(Sender);
@@ -31,6 +31,10 @@ protected:
 private:
   Event At(Event::Kind, QPointF, Qt::KeyboardModifiers) const;
   void SendMouse(Event::Kind, const QMouseEvent &, int button);
+  bool CopyStill(const DrawSurface &, const Theme &);
+  void CopyOverlay(const DrawSurface &);
+  void CopyFlash(const DrawSurface &);
+  void PaintStill(std::size_t from, std::size_t end); // items from .. end-1; from 0 the ground too
 
   Sender Send;
   DrawSurface Shown;

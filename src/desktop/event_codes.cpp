@@ -1,6 +1,7 @@
 #include "desktop/event_codes.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 int ShiftCode(Qt::KeyboardModifiers m) {
@@ -31,5 +32,16 @@ int KeyCode(const QKeyEvent &key) {
   for (const auto &[qt, code] : Named)
     if (key.key() == qt) return code;
   if (key.key() >= Qt::Key_F1 && key.key() <= Qt::Key_F12) return key.key() - Qt::Key_F1 + 112;
-  return key.key() >= 32 && key.key() < 127 ? key.key() : 0;
+  const int code = key.key();
+  if ((code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9') || code == ' ') return code;
+  // Signs have codes of their own above the letters', as their characters' are those of other keys.
+  static constexpr std::array<std::pair<char, int>, 22> Signs{
+      {{';', 186},  {':', 186}, {'=', 187}, {'+', 187}, {',', 188},  {'<', 188}, {'-', 189}, {'_', 189},
+       {'.', 190},  {'>', 190}, {'/', 191}, {'?', 191}, {'`', 192},  {'~', 192}, {'[', 219}, {'{', 219},
+       {'\\', 220}, {'|', 220}, {']', 221}, {'}', 221}, {'\'', 222}, {'"', 222}}};
+  for (const auto &[sign, number] : Signs)
+    if (code == sign) return number;
+  constexpr std::string_view Shifted = ")!@#$%^&*("; // of the digits
+  const auto digit = code > 0 && code < 128 ? Shifted.find(static_cast<char>(code)) : Shifted.npos;
+  return digit == Shifted.npos ? 0 : '0' + static_cast<int>(digit);
 }

@@ -4,6 +4,9 @@
 #include "desktop/icons.h"
 #include "desktop/menus.h"
 #include "desktop/panes.h"
+#include "desktop/point_strip.h"
+#include "desktop/side_pane.h"
+#include "desktop/tools_pane.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -54,21 +57,24 @@ MainWindow::MainWindow(Sender send) {
   row->addWidget(BuildToolsPane(Controls));
   row->addWidget(BuildReportPane(Controls));
   row->addWidget(middle, 1);
-  row->addWidget(BuildSidePane(Controls));
+  Side = new SidePane(Controls);
+  row->addWidget(Side);
   auto *whole = new QWidget;
   auto *column = new QVBoxLayout(whole);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildRecoveryBar(Controls));
   column->addLayout(row, 1);
-  column->addWidget(BuildPromptStrip(Controls));
+  column->addWidget(new PointStrip(Controls));
   column->addWidget(BuildStatusStrip(Controls));
   setCentralWidget(whole);
+  BindPopUp(Controls, Ctl::HotKeyList, Ctl::HotKeyPrompt, this);
   Drawing->setFocus();
 }
 
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   Mirror(Controls, screen);
+  Side->Follow(screen);
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());
   Drawing->Copy(screen.Panel, theme);
   Area->Copy(screen.MyChart1, theme);

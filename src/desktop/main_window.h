@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+class SidePane;
+
 // frmMain: builds the widgets and shows what the screen holds.
 class MainWindow final : public QMainWindow {
 public:
@@ -26,5 +28,6 @@ private:
   DrawPanel *Drawing = nullptr;
   ChartView *Area = nullptr, *Kn = nullptr;
   QWidget *AreaCell = nullptr, *KnCell = nullptr, *ChartRow = nullptr;
+  SidePane *Side = nullptr;
   RunNotice *Running = nullptr;
 };

@@ -111,8 +111,7 @@ QToolButton *ToolButton(Bindings &bindings, Ctl control, const QString &icon) {
   button->setIcon(SvgIcon(icon));
   button->setIconSize(QSize(24, 24));
   button->setFocusPolicy(Qt::TabFocus);
-  button->setProperty("tool", true);
-  BindButton(bindings, control, button);
+  BindTool(bindings, control, button);
   return button;
 }
 
@@ -129,7 +128,7 @@ void BuildToolBar(QMainWindow &window, Bindings &bindings) {
     if (row.Control == Ctl::RunSim2 || row.Control == Ctl::Design_Mode) {
       button = new QPushButton;
       button->setFocusPolicy(Qt::TabFocus);
-      BindButton(bindings, row.Control, button);
+      BindTool(bindings, row.Control, button);
     } else {
       button = ToolButton(bindings, row.Control, row.Icon);
     }

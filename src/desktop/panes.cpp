@@ -2,21 +2,23 @@
 
 #include "desktop/chart_view.h"
 #include "desktop/figure_label.h"
-#include "desktop/menus.h"
 
 #include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QToolButton>
 
-namespace {
 QFrame *Frame(const char *name) {
   auto *frame = new QFrame;
   frame->setObjectName(name);
   return frame;
+}
+
+QLabel *Quiet(QLabel *label) {
+  label->setProperty("quiet", true);
+  label->setFont(TypeFont(Type::Small));
+  return label;
 }
 
 QLabel *Head(const QString &text) {
@@ -32,7 +34,6 @@ QFrame *Hairline() {
   return line;
 }
 
-// A pane that a low window scrolls rather than cuts.
 QScrollArea *Scrolled(QWidget *pane, int width) {
   auto *area = new QScrollArea;
   area->setWidgetResizable(true);
@@ -49,34 +50,6 @@ QPushButton *Button(Bindings &bindings, Ctl control) {
   auto *button = new QPushButton;
   BindButton(bindings, control, button);
   return button;
-}
-} // namespace
-
-QLabel *Quiet(QLabel *label) {
-  label->setProperty("quiet", true);
-  label->setFont(TypeFont(Type::Small));
-  return label;
-}
-
-QWidget *BuildToolsPane(Bindings &bindings) {
-  auto *pane = Frame("ToolsPane");
-  auto *outer = new QVBoxLayout(pane);
-  outer->setContentsMargins(8, 12, 8, 12);
-  auto *group = Bind(bindings, Ctl::Tools_Frame, new QWidget);
-  auto *grid = new QGridLayout(group);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(2);
-  auto *head = Head("View");
-  head->setContentsMargins(4, 0, 0, 4);
-  grid->addWidget(head, 0, 0, 1, 2);
-  grid->addWidget(ToolButton(bindings, Ctl::Zoom_Reset, "zoom_grain"), 1, 0);
-  grid->addWidget(ToolButton(bindings, Ctl::Zoom_Window, "zoom_window"), 1, 1);
-  grid->addWidget(ToolButton(bindings, Ctl::Zoom_x2, "zoom_in"), 2, 0);
-  grid->addWidget(ToolButton(bindings, Ctl::Zoom_1h, "zoom_out"), 2, 1);
-  outer->addWidget(group);
-  outer->addStretch();
-  bindings.List.push_back({Ctl::Tools_Frame, pane, {}, true});
-  return pane;
 }
 
 QWidget *BuildReportPane(Bindings &bindings) {
@@ -105,47 +78,6 @@ QWidget *BuildReportPane(Bindings &bindings) {
   column->addStretch();
   column->addWidget(Button(bindings, Ctl::Performance_Sim));
   return Bind(bindings, Ctl::Report_Frame, Scrolled(pane, room));
-}
-
-QWidget *BuildSidePane(Bindings &bindings) {
-  auto *pane = Frame("SidePane");
-  auto *outer = new QVBoxLayout(pane);
-  outer->setContentsMargins(16, 14, 16, 16);
-  auto *group = Bind(bindings, Ctl::Motor_Dimensions, new QWidget);
-  auto *column = new QVBoxLayout(group);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(12);
-  column->addWidget(Head("Grain"));
-  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
-    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
-  column->addWidget(Hairline());
-  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
-  auto *edit = new QPushButton;
-  edit->setObjectName("Grain_Edit");
-  bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
-  QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] {
-    Event e;
-    e.Target = Ctl::mnuDims;
-    bindings.Send(e);
-  });
-  column->addWidget(edit);
-  outer->addWidget(group);
-  outer->addStretch();
-  pane->setMinimumWidth(220);
-  bindings.List.push_back({Ctl::Motor_Dimensions, pane, {}, true});
-  return pane;
-}
-
-QWidget *BuildPromptStrip(Bindings &bindings) {
-  auto *strip = Frame("PromptStrip");
-  auto *row = new QHBoxLayout(strip);
-  row->setContentsMargins(16, 0, 16, 0);
-  auto *prompt = Bind(bindings, Ctl::UserPrompt, new QLabel);
-  prompt->setFont(TypeFont(Type::Prompt));
-  prompt->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  row->addWidget(prompt, 1);
-  strip->setFixedHeight(QFontMetrics(TypeFont(Type::Prompt)).height() + 20);
-  return strip;
 }
 
 QWidget *BuildStatusStrip(Bindings &bindings) {

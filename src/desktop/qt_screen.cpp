@@ -93,7 +93,7 @@ void QtScreen::Mirror() {
     SplashWindow->show();
   }
   if (!splash) SplashWindow.reset();
-  for (FormDialog *dialog : Open) ::Mirror(dialog->Controls, *this);
+  for (FormDialog *dialog : Open) dialog->Copy(*this);
 
   const bool main = (*this)[Ctl::frmMain].Visible;
   if (main && !Window) Window = std::make_unique<MainWindow>([this](const Event &e) { Send(e); });
@@ -173,11 +173,18 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
 
 std::optional<std::uint32_t> QtScreen::AskColour(std::uint32_t initial) {
   Mirror();
-  const QColor first(static_cast<int>(initial & 255), static_cast<int>(initial >> 8 & 255),
-                     static_cast<int>(initial >> 16 & 255));
   QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
-  const QColor chosen = QColorDialog::getColor(first, parent, {}, QColorDialog::DontUseNativeDialog);
-  if (!chosen.isValid()) return std::nullopt;
+  QColorDialog dialog(FromRed(initial), parent);
+  dialog.setObjectName("ColourDialog");
+  dialog.setWindowTitle("Colour");
+  dialog.setOption(QColorDialog::DontUseNativeDialog);
+  for (auto *button : dialog.findChildren<QPushButton *>()) {
+    button->setIcon({});
+    button->setAutoDefault(button->isDefault());
+  }
+  dialog.layout()->setContentsMargins(24, 22, 24, 20);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const QColor chosen = dialog.selectedColor();
   return static_cast<std::uint32_t>(chosen.red() | chosen.green() << 8 | chosen.blue() << 16);
 }
 
@@ -188,7 +195,12 @@ void QtScreen::RunModal(Form form) {
     switch (form) {
     case Form::Dimensions: return MakeDimensions(send, parent);
     case Form::IntroPage: return MakeIntroPage(send, parent);
-    default: return MakeAbout(send, parent);
+    case Form::About: return MakeAbout(send, parent);
+    case Form::Question: return MakeQuestion(send, parent);
+    case Form::HotKey: return MakeHotKey(send, parent);
+    case Form::Options: return MakeOptions(send, parent);
+    case Form::Grid: return MakeGridControl(send, parent);
+    case Form::Increments: return MakeIncrements(send, parent);
     }
     return MakeAbout(send, parent);
   }());

@@ -6,14 +6,15 @@
 #include <QPainterPath>
 #include <cmath>
 #include <numbers>
-#include <span>
 #include <vector>
 
 namespace {
 constexpr double Degrees = 180 / std::numbers::pi;
+constexpr QPointF LabelOffset(8, -8); // pixels
 
 QPen PenOf(const DrawItem &item, const Theme &theme) {
-  const bool thin = item.Role == Ink::Grid || item.Role == Ink::GridFifth || item.Role == Ink::Contour;
+  const bool thin = item.Role == Ink::Grid || item.Role == Ink::GridFifth || item.Role == Ink::Contour ||
+                    item.Role == Ink::Guide;
   QPen pen(InkColour(theme, item), thin ? 1.0 : 1.75);
   pen.setCosmetic(true);
   pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::RoundCap);
@@ -138,9 +139,8 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   painter.restore();
 }
 
-void PaintItems(QPainter &painter, const DrawSurface &surface, std::size_t first, std::size_t last,
+void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSurface &surface,
                 const SurfaceView &view, const Theme &theme) {
-  const auto items = std::span(surface.Item).subspan(first, last - first);
   const ContourForm form = FormOf(surface.Item, (surface.ContourTo - surface.ContourFrom) * view.Scale);
   QPainterPath disc;
   disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
@@ -177,7 +177,7 @@ void PaintItems(QPainter &painter, const DrawSurface &surface, std::size_t first
       painter.fillRect(QRectF(p.x() - 0.75, p.y() - 0.75, 1.5, 1.5), InkColour(theme, item));
     } else if (item.What == DrawItem::Kind::Label) {
       painter.setPen(InkColour(theme, item));
-      painter.drawText(p + QPointF(8, -8), QString::fromStdString(item.Text));
+      painter.drawText(p + LabelOffset, QString::fromStdString(item.Text));
     } else {
       AddStroke(path, item, view);
     }
@@ -185,6 +185,26 @@ void PaintItems(QPainter &painter, const DrawSurface &surface, std::size_t first
   flush();
   flushLines();
   painter.setClipping(false);
+}
+
+QRectF PixelBounds(const DrawItem &item, const SurfaceView &view) {
+  constexpr double Pen = 3; // pixels about a stroke
+  const auto &at = item.At;
+  const QPointF p = view.ToPixels(at[0], at[1]);
+  QRectF bounds(p, QSizeF(0, 0));
+  switch (item.What) {
+  case DrawItem::Kind::Line: bounds = QRectF(p, view.ToPixels(at[2], at[3])).normalized(); break;
+  case DrawItem::Kind::Circle:
+  case DrawItem::Kind::Arc:
+  case DrawItem::Kind::Mark: bounds = Around(p, at[2] * view.Scale); break;
+  case DrawItem::Kind::Dot: break;
+  case DrawItem::Kind::Label:
+    bounds = QFontMetricsF(TypeFont(Type::Small))
+                 .boundingRect(QString::fromStdString(item.Text))
+                 .translated(p + LabelOffset);
+    break;
+  }
+  return bounds.adjusted(-Pen, -Pen, Pen, Pen);
 }
 
 void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pixels, const Theme &theme) {

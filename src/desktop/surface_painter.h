@@ -3,6 +3,7 @@
 #include "platform/draw_surface.h"
 
 #include <QPainter>
+#include <span>
 
 // Drawing units to pixels: the same scale in both directions, the drawing's window whole and centred.
 struct SurfaceView {
@@ -13,8 +14,9 @@ struct SurfaceView {
 SurfaceView FitView(const DrawSurface &, QSizeF pixels);
 
 void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
-// Items first .. last-1 of the surface.
-void PaintItems(QPainter &, const DrawSurface &, std::size_t first, std::size_t last, const SurfaceView &,
+// Some of the surface's items, in their order.
+void PaintItems(QPainter &, std::span<const DrawItem>, const DrawSurface &, const SurfaceView &,
                 const Theme &);
+QRectF PixelBounds(const DrawItem &, const SurfaceView &); // of its strokes or words, in TypeFont(Small)
 void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
                        const Theme &); // nothing without contours

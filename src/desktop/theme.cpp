@@ -49,16 +49,19 @@ QToolBar::separator { width: 1px; background: @Hairline; margin: 6px 7px; }
 QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px; background: transparent; }
 QToolButton:hover:enabled { background: @Hover; }
 QToolButton:pressed, QToolButton:checked { background: @Pressed; }
+QToolButton[lit="1"] { background: @Lit; border-color: @Accent; }
+QToolButton[lit="2"] { background: @Glow; }
 QToolButton:focus { border-color: @Accent; }
 QToolButton:disabled { color: @Faint; }
 QPushButton { padding: 5px 16px; border: 1px solid @Edge; border-radius: 6px; background: @Field; }
 QPushButton:hover:enabled { background: @Hover; }
 QPushButton:pressed { background: @Pressed; }
+QPushButton:checked { background: @Lit; border-color: @Accent; }
 QPushButton:focus { border: 1px solid @Accent; outline: none; }
 QPushButton:disabled { color: @Faint; border-color: @Hairline; background: @Window; }
-QPushButton:default, QPushButton#RunSim2 { color: @AccentText; background: @Accent; border: 1px solid @Accent; }
-QPushButton:default:hover:enabled, QPushButton#RunSim2:hover:enabled { background: @AccentHover; border-color: @AccentHover; }
-QPushButton:default:focus, QPushButton#RunSim2:focus { border: 2px solid @Text; padding: 4px 15px; }
+QPushButton:default, QPushButton[chief="true"], QPushButton#RunSim2 { color: @AccentText; background: @Accent; border: 1px solid @Accent; }
+QPushButton:default:hover:enabled, QPushButton[chief="true"]:hover:enabled, QPushButton#RunSim2:hover:enabled { background: @AccentHover; border-color: @AccentHover; }
+QPushButton:default:focus, QPushButton[chief="true"]:focus, QPushButton#RunSim2:focus { border: 2px solid @Text; padding: 4px 15px; }
 QPushButton#RunSim2:disabled { color: @Faint; background: @Hover; border-color: @Hairline; }
 QPushButton#RunSim2 { font-weight: 600; padding: 6px 20px; }
 QPushButton#RunSim2:focus { padding: 5px 19px; }
@@ -86,6 +89,16 @@ QCheckBox:focus { border-color: @Accent; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 4px; background: @Field; }
 QCheckBox::indicator:checked { background: @Accent; border-color: @Accent; image: url(:/icons/@Ticks/check.svg); }
 QCheckBox::indicator:disabled { background: @Window; }
+QRadioButton { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; border-radius: 4px; }
+QRadioButton:focus { border-color: @Accent; }
+QRadioButton::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 9px; background: @Field; }
+QRadioButton::indicator:checked { width: 8px; height: 8px; border: 5px solid @Accent; background: @Field; }
+QSlider:horizontal { min-height: 26px; border: 1px solid transparent; border-radius: 4px; }
+QSlider:focus { border-color: @Accent; }
+QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: @Hover; }
+QSlider::sub-page:horizontal { border-radius: 2px; background: @Accent; }
+QSlider::handle:horizontal { width: 16px; height: 16px; margin: -6px 0; border-radius: 8px; background: @Accent; }
+QSlider::handle:horizontal:hover { background: @AccentHover; }
 QProgressBar { border: none; border-radius: 3px; background: @Hover; max-height: 6px; min-height: 6px; }
 QProgressBar::chunk { border-radius: 3px; background: @Accent; }
 QSplitter::handle { background: @Hairline; }
@@ -101,6 +114,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
 #Empty_Card, #SimMsg_Card { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
+#ToolCard { background: @Field; border: 1px solid @Hairline; border-radius: 8px; }
 #sbStatusBar { color: @Quiet; }
 *[hairline="true"] { background: @Hairline; }
 *[quiet="true"] { color: @Quiet; }
@@ -127,6 +141,8 @@ QString FilledSheet(const Theme &t) {
                                                    {"@Accent", t.Accent},
                                                    {"@Faint", Mix(t.Quiet, t.Window, 0.45)},
                                                    {"@Edge", Mix(t.Hairline, t.Quiet, 0.45)},
+                                                   {"@Lit", Mix(t.Window, t.Accent, 0.2)},
+                                                   {"@Glow", Mix(t.Window, t.Accent, 0.12)},
                                                    {"@Notice", notice}};
   QString sheet = QString::fromLatin1(Sheet);
   for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
@@ -168,6 +184,13 @@ QColor InkColour(const Theme &t, const DrawItem &item) {
   case Ink::Core: return t.Core;
   case Ink::Fault: return t.Gone;
   case Ink::Note: return t.Text;
+  case Ink::Guide: return t.Guide;
+  case Ink::WillBe: return t.New;
+  case Ink::WillGo: {
+    QColor gone = t.Gone;
+    gone.setAlphaF(0.4F);
+    return gone;
+  }
   }
   return t.Text;
 }

@@ -1,0 +1,83 @@
+#include "desktop/side_pane.h"
+
+#include "desktop/command_frames.h"
+#include "desktop/figure_label.h"
+#include "desktop/panes.h"
+#include "desktop/tools_pane.h"
+
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace {
+QWidget *BuildGrain(Bindings &bindings) {
+  auto *group = Bind(bindings, Ctl::Motor_Dimensions, new QWidget);
+  auto *column = new QVBoxLayout(group);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(12);
+  column->addWidget(Head("Grain"));
+  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
+    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
+  column->addWidget(Hairline());
+  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
+  auto *edit = new QPushButton;
+  edit->setObjectName("Grain_Edit");
+  bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
+  QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] {
+    Event e;
+    e.Target = Ctl::mnuDims;
+    bindings.Send(e);
+  });
+  column->addWidget(edit);
+  return group;
+}
+} // namespace
+
+SidePane::SidePane(Bindings &bindings) {
+  constexpr int Width = 248;
+  setObjectName("SidePane");
+  setWidgetResizable(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);
+  auto *pane = new QWidget;
+  auto *outer = new QVBoxLayout(pane);
+  outer->setContentsMargins(12, 12, 12, 16);
+  outer->setSpacing(16);
+
+  Card = Frame("ToolCard");
+  auto *column = new QVBoxLayout(Card);
+  column->setContentsMargins(12, 10, 12, 12);
+  column->setSpacing(10);
+  Name = new QLabel;
+  Name->setFont(TypeFont(Type::Prompt));
+  Name->setWordWrap(true);
+  column->addWidget(Name);
+  Use = Quiet(new QLabel);
+  Use->setWordWrap(true);
+  column->addWidget(Use);
+  AddCommandFrames(bindings, *column);
+  outer->addWidget(Card);
+
+  auto *grain = BuildGrain(bindings);
+  grain->setContentsMargins(4, 0, 4, 0);
+  outer->addWidget(grain);
+  outer->addStretch();
+  setWidget(pane);
+  setFixedWidth(std::max(Width, pane->minimumSizeHint().width()) + verticalScrollBar()->sizeHint().width());
+  // The pane keeps its place while a tool hides the grain's figures: the drawing must not jump.
+  bindings.List.push_back({Ctl::Tools_Frame, this, {}, true});
+}
+
+// Hints begin with the tool's name, which stands above already.
+void SidePane::Follow(const Screen &screen) {
+  const Ctl tool = RunningTool(screen);
+  Card->setVisible(tool != Ctl::Count);
+  if (tool == Ctl::Count) return;
+  QString hint = QString::fromStdString(screen[tool].Hint);
+  const QString name = QString::fromStdString(screen[tool].Text);
+  if (hint.startsWith(name + ": ")) hint.remove(0, name.size() + 2);
+  if (!hint.isEmpty()) hint[0] = hint[0].toUpper();
+  Name->setText(name);
+  Use->setText(hint);
+  Use->setVisible(!hint.isEmpty());
+}
