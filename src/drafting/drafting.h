@@ -101,16 +101,23 @@ struct Tracker {
   Snap Target;                 // SnapEntity, SnapKind: TargetEnt, TargetKind
   std::array<bool, 4> Guide{}; // 0 holds X, 1 holds Y of the anchor; 2, 3 of the last entity end
   double GuideX = 0, GuideY = 0;
-};
-
-struct HotKey {
-  std::int16_t Key = 0, Shift = 0;
+  std::optional<Point> Passed{}; // the last end or centre passed over
 };
 
 // An answer to a question, kept for the log until its input is logged.
 struct AnswerGiven {
   double Value = 0;
   std::string Formula; // empty: a plain number was typed
+};
+
+// What X_Input and Y_Input hold, for the log of the point they make.
+struct TypedPoint {
+  int Named = 0; // the first so many are no coordinates but what their labels say
+  std::array<AnswerGiven, 2> Field{};
+};
+
+struct HotKey {
+  std::int16_t Key = 0, Shift = 0;
 };
 
 struct Drafting {
@@ -123,6 +130,7 @@ struct Drafting {
   ToolValues Tool{};
   SelectionValues Select{};
   Tracker Track{};
+  TypedPoint Typed{};
   std::array<HotKey, 101> HotKeyTable{}; // 1..100
   int HotKeyCmd = 0;                     // the command HotKeyList stands for
   std::optional<CommandState> Under{};   // the command a window zoom stands over

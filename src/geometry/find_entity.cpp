@@ -7,6 +7,15 @@ namespace {
 
 double Distance(Point a, Point b) { return std::hypot(a.X - b.X, a.Y - b.Y); }
 
+constexpr int Rounds = 100;
+double PickRadius(double grainRadius, int round) { return grainRadius / (10 + 10 * round); }
+
+// The last round whose pick radius reaches the distance; below 0 when none does.
+int RoundOf(double distance, double grainRadius) {
+  const double divisor = std::min(grainRadius / distance, 1000.0);
+  return divisor >= 1 ? static_cast<int>(divisor / 10) - 1 : -2;
+}
+
 // At one pick radius; the foot goes to foundAt on a hit.
 bool HitsLine(const Entity &line, Point at, double radius, Point &foundAt) {
   const Roots chord = LineCircleRoots(line.Slope, line.Intercept, at, radius, 0, Discriminant::Binary);
@@ -19,23 +28,55 @@ bool HitsLine(const Entity &line, Point at, double radius, Point &foundAt) {
   return hit;
 }
 
-enum class RoundHit { Miss, Hit, NoAngle };
+double Beyond(double value, double one, double other) { // outside the range of the two
+  return std::max({std::min(one, other) - value, value - std::max(one, other), 0.0});
+}
 
-RoundHit HitsRound(const Entity &e, Point at, double radius, double grainRadius, bool snapped,
-                   double &angle) {
-  const Point centre{e.CenterX, e.CenterY};
-  const double distance = Distance(at, centre);
+// The square of the distance from the line between its ends, by its slope and intercept.
+double SquareOff(const Entity &line, Point at) {
+  const double m = line.Slope, run2 = 1 + m * m;
+  if (std::abs(m) < 1) {
+    const double up = at.Y - (m * at.X + line.Intercept);
+    const double past = Beyond(at.X + up * m / run2, line.X1, line.X2);
+    return up * up / run2 + past * past * run2;
+  }
+  const double over = at.X - (at.Y - line.Intercept) / m;
+  const double past = std::abs(m) >= VerticalSlope
+                          ? Beyond(at.Y + over * m / run2, line.Y1, line.Y2) / std::abs(m)
+                          : Beyond(at.X - over * m * m / run2, line.X1, line.X2);
+  return (over * m) * (over * m) / run2 + past * past * run2;
+}
+
+// The tightest round, not before `least`, that hits the line; -1 for none. The distance tells the round,
+// rounding apart.
+int LineRound(const Entity &line, Point at, double grainRadius, int least, Point &foot) {
+  const double widest = PickRadius(grainRadius, least) * 1.5;
+  const double off2 = SquareOff(line, at);
+  if (!(off2 <= widest * widest)) return -1;
+  const int near = RoundOf(std::sqrt(off2), grainRadius);
+  for (int round = std::min(near + 1, Rounds - 1); round >= std::max(near - 1, least); --round)
+    if (HitsLine(line, at, PickRadius(grainRadius, round), foot)) return round;
+  return -1;
+}
+
+// The same for a circle or an arc.
+int RoundRound(const Entity &e, Point at, double grainRadius, int least, bool snapped, double &angle) {
+  const double distance = Distance(at, {e.CenterX, e.CenterY});
   const bool onCentre = snapped && distance < grainRadius / 100;
-  if (!(e.Radius - radius < distance && distance < e.Radius + radius))
-    return onCentre ? RoundHit::Hit : RoundHit::Miss;
-  if (distance == 0) return onCentre ? RoundHit::Hit : RoundHit::Miss;
-  const double found = AngleAbout(at, centre, distance);
-  if (found == NoAngle) return RoundHit::NoAngle;
-  if (e.EntType == ArcType && !onCentre && !AngleInArc(found, e, ArcEnds::Closed) &&
-      Distance(at, {e.X1, e.Y1}) >= radius && Distance(at, {e.X2, e.Y2}) >= radius)
-    return RoundHit::Miss;
-  angle = found;
-  return RoundHit::Hit;
+  double off = std::abs(distance - e.Radius);
+  if (!onCentre && (distance == 0 || !(off <= PickRadius(grainRadius, least) * 1.5))) return -1;
+  angle = distance == 0 ? 0 : AngleAbout(at, {e.CenterX, e.CenterY}, distance);
+  if (onCentre) return Rounds - 1;
+  double toEnd = 0;
+  if (e.EntType == ArcType && !AngleInArc(angle, e, ArcEnds::Closed))
+    toEnd = std::min(Distance(at, {e.X1, e.Y1}), Distance(at, {e.X2, e.Y2}));
+  off = std::max(off, toEnd);
+  const int near = RoundOf(off, grainRadius);
+  for (int round = std::min(near + 1, Rounds - 1); round >= std::max(near - 1, least); --round) {
+    const double radius = PickRadius(grainRadius, round);
+    if (e.Radius - radius < distance && distance < e.Radius + radius && toEnd < radius) return round;
+  }
+  return -1;
 }
 
 bool IsGrainCircle(const Entity &e, double grainRadius) {
@@ -51,36 +92,36 @@ Pick FindEntity(const EntityTable &table, Point position, double grainRadius, co
   if (scope.SnapActive) first = last = scope.SnapEntity;
   if (!(grainRadius > 0) || first < 0 || last > table.EntCount) return pick;
 
-  for (int step = 0; step < 100; ++step) {
-    const double radius = grainRadius / (scope.Outward ? 1000 - 10 * step : 10 + 10 * step);
-    for (int i = first; i <= last; ++i) {
-      const Entity &e = RowAt(table, i);
-      if ((e.EntType & scope.TypeMask) == 0 || (e.Selected && !scope.AllowSelected && !scope.SnapActive))
-        continue;
-      RoundHit hit = RoundHit::Miss;
-      if (e.EntType == LineType) {
-        Point foot;
-        if (HitsLine(e, position, radius, foot)) {
-          hit = RoundHit::Hit;
-          pick.PickX = foot.X;
-          pick.PickY = foot.Y;
-        }
-      } else {
-        hit = HitsRound(e, position, radius, grainRadius, scope.SnapActive, pick.PickAngle);
-      }
-      if (hit == RoundHit::NoAngle) {
-        pick = {};
-        pick.GeomAbort = true;
-        return pick;
-      }
-      if (hit == RoundHit::Hit) {
-        pick.Found = true;
-        pick.Index = i;
-      }
+  int tightest = 0;
+  for (int i = first; i <= last; ++i) {
+    const Entity &e = RowAt(table, i);
+    if ((e.EntType & scope.TypeMask) == 0 || (e.Selected && !scope.AllowSelected && !scope.SnapActive))
+      continue;
+    Point foot;
+    double angle = 0;
+    const int round = e.EntType == LineType
+                          ? LineRound(e, position, grainRadius, tightest, foot)
+                          : RoundRound(e, position, grainRadius, tightest, scope.SnapActive, angle);
+    if (round < tightest) continue;
+    if (angle == NoAngle) {
+      pick = {};
+      pick.GeomAbort = true;
+      return pick;
     }
-    if (scope.Outward && pick.Found) break;
+    tightest = round;
+    pick = {true, i, foot.X, foot.Y, angle};
   }
   return pick;
+}
+
+std::array<Point, 2> EndsOf(const Entity &e) {
+  if (e.EntType == LineType) return {Point{e.X1, e.Y1}, Point{e.X2, e.Y2}};
+  const Point zero{e.CenterX + e.Radius, e.CenterY};
+  if (e.EntType == CircleType) return {zero, zero};
+  const auto at = [&e](double angle) {
+    return Point{e.CenterX + std::cos(angle) * e.Radius, e.CenterY + std::sin(angle) * e.Radius};
+  };
+  return {at(e.StartAngle), at(e.EndAngle)};
 }
 
 void Find_End_Or_Center(const EntityTable &table, double grainRadius, double snapRadius, bool edges,
@@ -90,8 +131,13 @@ void Find_End_Or_Center(const EntityTable &table, double grainRadius, double sna
   Point found = position;
   for (int i = 0; i <= table.EntCount; ++i) {
     const Entity &e = RowAt(table, i);
-    int kind = FirstEnd;
-    for (const Point p : {Point{e.X1, e.Y1}, Point{e.X2, e.Y2}, Point{e.CenterX, e.CenterY}}) {
+    const Point centre{e.CenterX, e.CenterY};
+    const bool endsNear =
+        e.EntType == LineType || std::abs(Distance(position, centre) - e.Radius) < 2 * snapRadius;
+    const auto ends = endsNear ? EndsOf(e) : std::array<Point, 2>{centre, centre};
+    int kind = endsNear ? FirstEnd : CentreSnap;
+    for (const Point p : {ends[0], ends[1], centre}) {
+      if (kind > CentreSnap) break;
       if (const double distance = Distance(position, p); distance < snapRadius && distance < best) {
         best = distance;
         found = p;

@@ -2,6 +2,8 @@
 #include "geometry/primitives.h"
 #include "shell/grain_document.h"
 
+#include <array>
+
 // The two searches from a position on the drawing to an entity or to an exact point of one. Nothing is drawn
 // here.
 
@@ -13,7 +15,6 @@ struct PickScope {
   bool AllowSelected = false;      // else rows with Selected are passed over
   bool SnapActive = false;         // SnapEntity alone, selected or not; a centre counts as hit
   int SnapEntity = -1;
-  bool Outward = false; // stop at the smallest pick radius that hits, for a point that was computed
 };
 
 struct Pick {
@@ -37,10 +38,14 @@ struct Snap {
   int SnapKind = NoSnap;
 };
 
-// Moves the position to the nearest end, centre or line midpoint within snapRadius (the panel's scale width
-// by 100) and, when there is none and `edges` is set (no ortho-tracking), onto the nearest circle or arc. The
-// position stays when nothing is near. The earlier row and the earlier of first end, second end, centre win a
-// tie. When nothing is found snap is empty, save that a SnapKind of 4 from the call before stays.
+// A line's ends; an arc's ends by its angles, which hold where its stored ends do not; twice a circle's point
+// at angle 0.
+std::array<Point, 2> EndsOf(const Entity &);
+
+// Moves the position to the nearest end, centre or line midpoint within snapRadius (the panel's scale height
+// by 100, mm) and, when there is none and `edges` is set (no ortho-tracking), onto the nearest circle or arc.
+// The position stays when nothing is near. The earlier row and the earlier of first end, second end, centre
+// win a tie. When nothing is found snap is empty, save that a SnapKind of 4 from the call before stays.
 void Find_End_Or_Center(const EntityTable &, double grainRadius, double snapRadius, bool edges,
                         Point &position, Snap &);
 

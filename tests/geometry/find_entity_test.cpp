@@ -1,9 +1,11 @@
 #include "geometry/find_entity.h"
 
 #include "base/fault.h"
+#include "rounds.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace {
 
@@ -35,15 +37,6 @@ TEST(FindEntity, TheTightestRadiusDecidesThenTheHigherRow) {
   EXPECT_FALSE(FindEntity(table, {3, 4}, 0).Found);
 }
 
-TEST(FindEntity, OutwardStopsAtTheSmallestRadiusThatHits) {
-  // At 0.04 from one and 0.045 from the other both lie within the smallest radius: the higher row, either
-  // way.
-  const EntityTable table = TableOf({MakeLine(-20, 0, 20, 0), MakeLine(-20, 0.085, 20, 0.085)});
-  EXPECT_EQ(IndexAt(table, 1, 0.04, {.Outward = true}), 1);
-  EXPECT_EQ(IndexAt(table, 1, -0.95, {.Outward = true}), 0);
-  EXPECT_EQ(IndexAt(table, 1, -0.95), 0);
-}
-
 TEST(FindEntity, FootOnTheLineAndAngleOnTheArc) {
   const EntityTable table =
       TableOf({MakeLine(-20, -20, 20, 20), MakeCircle(0, 0, 30), MakeLine(-10, -20, -10, 20)});
@@ -57,6 +50,62 @@ TEST(FindEntity, FootOnTheLineAndAngleOnTheArc) {
   EXPECT_EQ(upright.Index, 2);
   EXPECT_NEAR(upright.PickX, -10, 1e-4); // the guard slope leans by a millionth
   EXPECT_NEAR(upright.PickY, 7, 1e-4);
+}
+
+// Every pick radius over every row, the last hit kept.
+int SlowIndex(const EntityTable &table, Point at, double grain, int mask) {
+  int found = -1;
+  for (int k = 10; k <= 1000; k += 10)
+    for (int i = 0; i <= table.EntCount; ++i) {
+      const Entity &e = table.Row[static_cast<std::size_t>(i)];
+      const double radius = grain / k, d = std::hypot(at.X - e.CenterX, at.Y - e.CenterY);
+      if ((e.EntType & mask) == 0 || e.Selected) continue;
+      bool hit = false;
+      if (e.EntType == LineType) {
+        const Roots chord = LineCircleRoots(e.Slope, e.Intercept, at, radius, 0, Discriminant::Binary);
+        const bool upright = std::abs(e.Slope) >= VerticalSlope;
+        for (const Point p : {chord.First, chord.Second})
+          hit = hit || (upright ? (e.Y1 - p.Y) * (p.Y - e.Y2) > 0 : (e.X1 - p.X) * (p.X - e.X2) >= 0);
+        hit = hit && chord.Case == RootCase::Two;
+      } else if (e.Radius - radius < d && d < e.Radius + radius) {
+        hit = e.EntType == CircleType ||
+              AngleInArc(AngleAbout(at, {e.CenterX, e.CenterY}, d), e, ArcEnds::Closed) ||
+              std::hypot(at.X - e.X1, at.Y - e.Y1) < radius || std::hypot(at.X - e.X2, at.Y - e.Y2) < radius;
+      }
+      if (hit) found = i;
+    }
+  return found;
+}
+
+TEST(FindEntity, AnswersAsTheWalkOverAllRadiiDoes) {
+  std::mt19937_64 chance(Seed());
+  const auto within = [&chance](double a, double b) {
+    return std::uniform_real_distribution<double>(a, b)(chance);
+  };
+  for (int round = 0; round < 40 * Rounds(); ++round) {
+    const double grain = std::pow(10, within(0.5, 2.7));
+    EntityTable table;
+    for (int i = 0; i < 40; ++i) {
+      const double x = within(-grain, grain), y = within(-grain, grain), size = grain * within(0.001, 1);
+      const double a = within(0, TwoPi), steep = within(-3e-4, 3e-4);
+      Entity row = MakeArc(x, y, size, a, within(0, TwoPi));
+      if (i % 5 == 0) row = MakeCircle(x, y, size);
+      if (i % 5 == 1) row = MakeLine(x, y, x + size * std::cos(a), y + size * std::sin(a));
+      if (i % 5 == 2) row = MakeLine(x, y, x + (i % 2 ? steep : 0), y + size);
+      if (i % 9 == 8) row = RowAt(table, i / 2);
+      row.Selected = i % 7 == 0;
+      AppendRow(table, row);
+    }
+    for (int pick = 0; pick < 25; ++pick) {
+      const Entity &near = RowAt(table, pick);
+      const double off = grain * std::pow(10, within(-5, -0.8));
+      Point at{within(-grain, grain), within(-grain, grain)};
+      if (pick % 2) at = {near.X1 + within(-off, off), near.Y1 + within(-off, off)};
+      for (const int mask : {7, 1, 6})
+        EXPECT_EQ(FindEntity(table, at, grain, {.TypeMask = mask}).Index, SlowIndex(table, at, grain, mask))
+            << "seed " << Seed() << " grain " << grain << " at " << at.X << ' ' << at.Y;
+    }
+  }
 }
 
 TEST(FindEntity, SelectedRowsArePassedOverUnlessAllowedOrSnapped) {
@@ -115,8 +164,18 @@ TEST(Snap, NearestOfEndsAndCentresThenEdges) {
     EXPECT_NEAR(at.X, row.SnapX, 1e-12);
     EXPECT_NEAR(at.Y, row.SnapY, 1e-12);
   }
+  Entity mirrored = MakeArc(0, 0, 10, Pi / 4, Pi); // its stored first end stands mirrored
+  mirrored.Y1 = -mirrored.Y1;
+  const EntityTable broken = TableOf({mirrored});
+  Point end{7, 7.1}, ghost{7, -7.1};
+  Snap snap;
+  Find_End_Or_Center(broken, Grain, 1, false, end, snap);
+  EXPECT_NEAR(end.Y, 10 * std::sqrt(0.5), 1e-12);
+  Find_End_Or_Center(broken, Grain, 1, true, ghost, snap);
+  EXPECT_FALSE(snap.SnapActive);
+
   Point at{-20, 5.5};
-  Snap snap{true, 2, EdgeSnap};
+  snap = {true, 2, EdgeSnap};
   Find_End_Or_Center(table, Grain, 1, false, at, snap);
   EXPECT_EQ(at.Y, 5.5);
   EXPECT_FALSE(snap.SnapActive);

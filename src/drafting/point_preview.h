@@ -1,0 +1,8 @@
+#pragma once
+#include "drafting/drafting.h"
+
+DrawItem RowItem(const Entity &, Ink);
+
+// Rubber band of the generic point commands: from the points held to the pointer, with the copies of rotation
+// draw.
+void PreviewPoints(Drafting &, Point);
