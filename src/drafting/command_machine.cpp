@@ -312,5 +312,6 @@ void RefreshDrafting(Drafting &d) {
   }
   RefreshPoints(d);
   RefreshCreation(d);
+  RefreshRotation(d);
   RefreshSelection(d);
 }
