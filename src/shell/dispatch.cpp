@@ -10,13 +10,16 @@
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
 #include "shell/file_menu.h"
+#include "shell/hot_key_form.h"
 #include "shell/refresh_screen.h"
+#include "shell/settings_dialogs.h"
 #include "shell/start_up.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
+constexpr int RightButton = 2;
 
 void SetTheme(Workbench &bench, const char *name) {
   SaveSetting(bench.Settings, "Settings", "Theme", name);
@@ -71,6 +74,10 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuThemeLight, [](Workbench &b) { SetTheme(b, "Light"); }},
     {Ctl::mnuThemeDark, [](Workbench &b) { SetTheme(b, "Dark"); }},
     {Ctl::mnuDims, MenuDimensions},
+    {Ctl::mnuOptions, ShowOptions},
+    {Ctl::tbConfigure, ShowOptions},
+    {Ctl::mnuGrid, ShowGrid},
+    {Ctl::mnuIncrements, ShowIncrements},
     {Ctl::mnuDebugMode, [](Workbench &b) { b.Grain.DebugMode = b.Grain.DebugMode == 0; }},
     {Ctl::mnuIntro, ShowIntro},
     {Ctl::mnuAbout, ShowAbout},
@@ -90,6 +97,7 @@ void PressInDrawing(Workbench &bench, const Event &event) {
 
 void Press(Workbench &bench, const Event &event) {
   if (!bench.Out[event.Target].Enabled) return;
+  if (event.Button == RightButton) return OpenHotKeyList(bench, event.Target);
   for (const PressRow &row : PressTable)
     if (row.Target == event.Target) return row.Action(bench);
   PressInDrawing(bench, event);
@@ -136,6 +144,11 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "IntroPage") return IntroEvent(bench, event);
   if (window == "frmAbout") return AboutEvent(bench, event);
   if (window == "Question_Form") return QuestionEvent(bench.Out, event);
+  if (window == "Options_Form") return OptionsEvent(bench, event);
+  if (window == "Grid_Control") return GridEvent(bench, event);
+  if (window == "Increments_2d") return IncrementsEvent(bench, event);
+  if (window == "HotKeyForm") return HotKeyFormEvent(bench, event);
+  if (event.Target == Ctl::HotKeyList) return HotKeyListEvent(bench, event);
   if (event.What == Event::Kind::Drop) return OpenDropped(bench, event.Text);
   if (event.What == Event::Kind::Close) {
     CloseMain(bench);

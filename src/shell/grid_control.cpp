@@ -136,6 +136,7 @@ void ShowGrid(Workbench &bench) {
 }
 
 void GridEvent(Workbench &bench, const Event &event) {
+  if (!bench.Out[Ctl::Grid_Control].Visible) return;
   switch (ActOf(event, Ctl::Grid_OK, Ctl::Grid_Cancel)) {
   case FormAct::Accept: return Accept(bench);
   case FormAct::Cancel: bench.Out[Ctl::Grid_Control].Visible = false; return;

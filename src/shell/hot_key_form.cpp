@@ -137,6 +137,7 @@ void HotKeyListEvent(Workbench &bench, const Event &event) {
 }
 
 void HotKeyFormEvent(Workbench &bench, const Event &event) {
+  if (!bench.Out[Ctl::HotKeyForm].Visible) return;
   switch (ActOf(event, Ctl::HotKey_Ok, Ctl::HotKey_Cancel)) {
   case FormAct::Accept: return Accept(bench);
   case FormAct::Cancel: return Close(bench);

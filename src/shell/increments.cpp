@@ -46,6 +46,7 @@ void ShowIncrements(Workbench &bench) {
 }
 
 void IncrementsEvent(Workbench &bench, const Event &event) {
+  if (!bench.Out[Ctl::Increments_2d].Visible) return;
   switch (ActOf(event, Ctl::IncAccept, Ctl::IncCancel)) {
   case FormAct::Accept: return Accept(bench);
   case FormAct::Cancel: bench.Out[Ctl::Increments_2d].Visible = false; return;

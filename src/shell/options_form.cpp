@@ -118,6 +118,7 @@ void ShowOptions(Workbench &bench) {
 }
 
 void OptionsEvent(Workbench &bench, const Event &event) {
+  if (!bench.Out[Ctl::Options_Form].Visible) return;
   switch (ActOf(event, Ctl::Options_OK, Ctl::Options_Cancel)) {
   case FormAct::Accept: return Accept(bench);
   case FormAct::Cancel: bench.Out[Ctl::Options_Form].Visible = false; return;

@@ -87,7 +87,8 @@ bool Usable(Player &p, Ctl control) {
 
 void PressControl(Player &p, const Event &press) {
   if (!Usable(p, press.Target)) return;
-  p.Field = Ctl::DrawPanel;
+  const std::string_view window = RowOf(press.Target).Window;
+  p.Field = window == "frmMain" || window == "tbToolBar" ? Ctl::DrawPanel : press.Target;
   Send(p, press);
 }
 

@@ -105,6 +105,7 @@ void ModeControls(Workbench &bench) {
 void RefreshScreen(Workbench &bench) {
   Screen &out = bench.Out;
   RefreshDrafting(bench.Draft);
+  out[Ctl::HotKeyPrompt].Visible = out[Ctl::HotKeyList].Visible;
   for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
   for (const Ctl c : Unavailable) {
     out[c].Enabled = false;

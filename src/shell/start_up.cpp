@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "base/whole_file.h"
 #include "drafting/command_machine.h"
+#include "drafting/hot_keys.h"
 #include "shell/design_defaults.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
@@ -40,6 +41,8 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   bench.Grain.AppDir = bench.Folders.AppDir;
   const std::string trouble = ApplyDefaultFile(bench.Folders.AppDir + "DefaultFile", bench.Grain);
   if (!trouble.empty()) notices.push_back(trouble);
+  const std::string keys = ReadHotKeys(bench.Folders.AppDir + "HotKeys", bench.Draft.HotKeyTable);
+  if (!keys.empty()) notices.push_back(keys);
   ClaimWorkFiles(bench.Claim, bench.Folders.AppDir);
   RecoverDesign(bench, notices);
   bench.Chart2Hidden = bench.Out.PixelWidth < 1024;

@@ -111,9 +111,9 @@ TEST_F(Journey, GrainFileOnTheCommandLine) {
 TEST_F(Journey, BrokenFilesAtStartAreToldOnce) {
   Write("DefaultFile", "0\r\nx\r\n");
   Write("HotKeys", "nonsense");
-  ASSERT_TRUE(Start(FiveKeys(), "expect box DefaultFile\nbox OK"));
+  ASSERT_TRUE(Start(FiveKeys(), "expect box HotKeys: line 1\nexpect box DefaultFile: line 2"));
   Write("bad.mvd", "\"Version1_1\"\r\n20\r\n");
-  std::filesystem::remove(Home / "DefaultFile");
+  for (const char *name : {"DefaultFile", "HotKeys"}) std::filesystem::remove(Home / name);
   ASSERT_TRUE(
       Start({"Gd=40", "Gl=100", "Ea=1", "Eb=0", "Td=5", At("bad.mvd")}, "expect box bad.mvd\nbox OK"));
   EXPECT_EQ(Bench().Grain.Table.EntCount, -1);
