@@ -503,6 +503,7 @@ constexpr CommandRow Rows[] = {
      .BackDepth = 4,
      .NewType = 0,
      .Message = "Click on the 'Box Move' Button",
+     .Fields = EndFrame::Fields,
      .Stem = {"Indicate First Window Corner", "Indicate Second Window Corner", "Indicate New Position"},
      .StemRule = StemBoxMove,
      .Start = StartBoxMove,

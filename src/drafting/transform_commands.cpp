@@ -9,8 +9,6 @@
 #include "drafting/transform_rows.h"
 #include "drafting/transforms.h"
 
-#include "base/number_text.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -20,7 +18,6 @@ constexpr double SamePlace = 0.0001; // mm
 enum MirrorTypes { HorizontalMirror = 1, VerticalMirror, TwoPointMirror };
 
 bool IsBlank(const std::string &text) { return text.find_first_not_of(" \t") == std::string::npos; }
-double Degrees(double radians) { return radians * 180 / Pi; }
 double Radians(double degrees) { return degrees * Pi / 180; }
 
 bool AskCopies(Drafting &d) {
@@ -57,54 +54,64 @@ Point MirrorEnd(const Drafting &d, Point p) {
   return d.Select.MirrorType == VerticalMirror ? Point{p.X, p.Y + 5} : Point{p.X + 1, p.Y};
 }
 
-bool StoreValue(Drafting &d, double value) {
-  d.Cmd.KeyInX = false;
+double ValueHeld(const Drafting &d) {
+  const DraftDefaults &defaults = d.Grain.Defaults;
+  return d.Cmd.CmdNo == RotateCommand ? defaults.RotationAngleDefault : defaults.ScaleFactorDefault;
+}
+
+// Rotation comes in degrees. False: no factor, which was told.
+bool HoldValue(Drafting &d, double value) {
+  DraftDefaults &defaults = d.Grain.Defaults;
   if (d.Cmd.CmdNo == RotateCommand) {
-    d.Grain.Defaults.RotationAngleDefault = Radians(value);
+    defaults.RotationAngleDefault = Radians(value);
     return true;
   }
   if (!(value > 0)) {
     Report(d, "ERROR: A number above 0 must be entered", "Input Error", Icon::Stop);
     return false;
   }
-  d.Grain.Defaults.ScaleFactorDefault = value;
+  defaults.ScaleFactorDefault = value;
   return true;
 }
 
-// X_Input as it stands, when it was typed and not entered.
-bool TakeTypedValue(Drafting &d) {
-  const std::string text = d.Out[Ctl::X_Input].Text;
-  if (!d.Cmd.KeyInX || IsBlank(text)) return true;
-  const auto value = FieldValue(d, text);
+std::optional<double> FieldNumber(Drafting &d, Ctl field) {
+  const auto value = FieldValue(d, d.Out[field].Text);
   if (!value) d.Grain.GeomAbort = true;
-  if (!value || !StoreValue(d, *value)) return false;
-  LogInput(d, LogXInput, *value);
+  return value;
+}
+
+// X_Input as it stands, also when it was not entered.
+bool TakeValue(Drafting &d) {
+  const std::string &text = d.Out[Ctl::X_Input].Text;
+  if (IsBlank(text) || text == OfferedValue(d)) return true;
+  const auto value = FieldNumber(d, Ctl::X_Input);
+  const double before = ValueHeld(d);
+  if (!value || !HoldValue(d, *value)) return false;
+  if (ValueHeld(d) != before) LogInput(d, LogXInput, *value);
   return true;
 }
 
 // The pitch of further copies: Y_Input, or the angle itself.
-std::optional<double> StepAngle(Drafting &d) {
-  const std::string text = d.Out[Ctl::Y_Input].Text;
-  if (d.Cmd.CmdNo != RotateCommand || IsBlank(text)) return d.Grain.Defaults.RotationAngleDefault;
-  const auto degrees = FieldValue(d, text);
-  if (!degrees) {
-    d.Grain.GeomAbort = true;
-    return std::nullopt;
-  }
-  if (d.Cmd.KeyInY) LogInput(d, LogYInput, *degrees);
-  d.Cmd.KeyInY = false;
+std::optional<double> TakeStep(Drafting &d) {
+  if (d.Cmd.CmdNo != RotateCommand || IsBlank(d.Out[Ctl::Y_Input].Text)) return ValueHeld(d);
+  const auto degrees = FieldNumber(d, Ctl::Y_Input);
+  if (!degrees) return std::nullopt;
+  AnswerGiven &entered = d.Typed.Field[1];
+  if (entered.Value != *degrees) LogInput(d, LogYInput, *degrees);
+  entered.Value = *degrees;
   return Radians(*degrees);
 }
 
 void ClickBase(Drafting &d, Point at) {
-  if (!TakeTypedValue(d)) return;
-  const auto step = StepAngle(d);
+  std::optional<double> step = ValueHeld(d);
+  if (FieldsOf(d) == FieldUse::Value) { // else they hold the position
+    if (!TakeValue(d)) return;
+    step = TakeStep(d);
+  }
   if (!step || !PointInput(d, at)) return;
   const Point base = LastPoint(d.Cmd);
-  const DraftDefaults &defaults = d.Grain.Defaults;
   Make(d, Copies(d),
-       d.Cmd.CmdNo == RotateCommand ? RotateMap(base, defaults.RotationAngleDefault, *step)
-                                    : ScaleMap(base, defaults.ScaleFactorDefault));
+       d.Cmd.CmdNo == RotateCommand ? RotateMap(base, ValueHeld(d), *step) : ScaleMap(base, ValueHeld(d)));
 }
 
 void ClickMirror(Drafting &d, Point at) {
@@ -137,9 +144,6 @@ void AskPoints(Drafting &d) {
   d.Out[Ctl::Selection_Frame].Visible = d.Out[Ctl::Window_Frame].Visible = false;
   d.Out[Ctl::End_Frame].Visible = true;
   d.Out.Focus = Ctl::DrawPanel;
-  if (d.Cmd.CmdNo == RotateCommand)
-    d.Out[Ctl::X_Input].Text = PlainText(Degrees(d.Grain.Defaults.RotationAngleDefault));
-  if (d.Cmd.CmdNo == ScaleCommand) d.Out[Ctl::X_Input].Text = PlainText(d.Grain.Defaults.ScaleFactorDefault);
 }
 
 void AskMirrorType(Drafting &d) {
@@ -227,9 +231,7 @@ void ClickTransform(Drafting &d, Point at) {
   }
 }
 
-void TypedTransform(Drafting &d, double value) {
-  if (StoreValue(d, value)) d.Out.Focus = Ctl::DrawPanel;
-}
+void TypedTransform(Drafting &d, double value) { HoldValue(d, value); }
 
 const char *StemTransform(const Drafting &d) {
   if (d.Out[Ctl::XFormOption].Visible) return "Select Move or Copy Entities Option";
