@@ -125,43 +125,52 @@ TEST_F(Repeated, DeletedRowsShiftAndAMissingImageEndsTheRounds) {
 // A circle on the origin cut by six spokes: what stays between two of them, or all but a spoke's width.
 TEST_F(Repeated, OriginCircleOpensAtEverySpoke) {
   const double half = std::asin(0.1);
-  struct Case {
-    const char *What;
+  AppendRow(Grain.Table, CircleRow({0, 0}, 20));
+  Turns(6);
+  Draw(MakeLine(15, -2, 25, -2));
+  Draw(MakeLine(15, 2, 25, 2));
+  const struct {
     int First, Second; // rows of the cutters
     Point Pick;        // on what stays
-    int Spokes;
-    std::size_t Arcs;
     double Sweep;
-  } cases[] = {{"between spokes", 7, 2, Turned({20, 0}, Pi / 6), 6, 6, TwoPi - 12 * half},
-               {"the width of a spoke", 1, 7, {20, 0}, 6, 6, 12 * half},
-               {"all but a spoke's width", 1, 7, {-20, 0.5}, 6, 6, TwoPi - 12 * half},
-               {"two spokes only", 1, 7, {-20, 0.5}, 2, 2, TwoPi - 4 * half}};
-  for (const Case &c : cases) {
-    SCOPED_TRACE(c.What);
-    Grain.Table = {};
-    AppendRow(Grain.Table, CircleRow({0, 0}, 20));
-    Turns(6);
-    Draw(MakeLine(15, -2, 25, -2));
-    Draw(MakeLine(15, 2, 25, 2));
-    for (int k = 6; k > c.Spokes; --k) {
-      DeleteRow(Grain.Table, 2 * k);
-      DeleteRow(Grain.Table, k);
-    }
-    const int second = c.Second > 6 ? c.Second - (6 - c.Spokes) : c.Second;
-    const int first = c.First > 6 ? c.First - (6 - c.Spokes) : c.First;
-    const auto middle = [&](int row) { return CentreOf(RowAt(Grain.Table, row)); };
-    const PickedRow picks[] = {RowPick(Grain.Table, 0, c.Pick), RowPick(Grain.Table, first, middle(first)),
-                               RowPick(Grain.Table, second, middle(second))};
-    const Solution whole =
-        SolveWithImages(Draft, picks, [](const EntityTable &, std::span<const PickedRow> p) {
-          return TrimDoubleOp(p[0], p[1], p[2]);
-        });
+  } cases[] = {{7, 2, Turned({20, 0}, Pi / 6), TwoPi - 12 * half},
+               {1, 7, {20, 0}, 12 * half},
+               {1, 7, {-20, 0.5}, TwoPi - 12 * half}};
+  for (const auto &c : cases) {
+    SCOPED_TRACE(c.Pick.X);
+    const auto cutter = [&](int row) { return RowPick(Grain.Table, row, CentreOf(RowAt(Grain.Table, row))); };
+    const PickedRow picks[] = {At(0, c.Pick.X, c.Pick.Y), cutter(c.First), cutter(c.Second)};
     EntityTable t = Grain.Table;
-    ASSERT_EQ(Commit(t, whole).Text, "");
-    EXPECT_EQ(whole.Added.size() + 1, c.Arcs);
+    const auto trim = [](const EntityTable &, std::span<const PickedRow> p) {
+      return TrimDoubleOp(p[0], p[1], p[2]);
+    };
+    ASSERT_EQ(Commit(t, SolveWithImages(Draft, picks, trim)).Text, "");
+    EXPECT_EQ(t.EntCount, 17);
     EXPECT_NEAR(TotalSweep(t), c.Sweep, 1e-5);
-    if (c.Spokes == 6) ExpectRosette(t, TwoPi / 6);
+    ExpectRosette(t, TwoPi / 6);
   }
+}
+
+TEST_F(Repeated, QueryComesForRowsAroundTheCentre) {
+  const struct {
+    Entity Row;
+    bool Asks;
+  } cases[] = {{CircleRow({1, 1}, 5), true},
+               {CircleRow({10, 0}, 5), false},
+               {MakeLine(-1, -1, 5, 5), true},
+               {MakeArc(-5, 0, 10, 250 * Pi / 180, 110 * Pi / 180), true}, // by its crossing of the axis
+               {MakeArc(-5, 0, 10, 110 * Pi / 180, 250 * Pi / 180), false}};
+  for (const auto &c : cases)
+    for (const bool selected : {true, false}) {
+      Grain.Table = {};
+      AppendRow(Grain.Table, c.Row);
+      RowAt(Grain.Table, 0).Selected = selected;
+      Turns(6);
+      EXPECT_EQ(TransformationQuery(Draft), !(c.Asks && selected)); // no answer stands, which counts as No
+      Draft.Rotation.Active = false;
+      EXPECT_TRUE(TransformationQuery(Draft));
+    }
+  EXPECT_NE(Screen.LastBox.find("transformation function 6 times generally producing"), std::string::npos);
 }
 
 TEST_F(Repeated, SectionOfADiameterGoesOnBothSides) {
