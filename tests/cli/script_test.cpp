@@ -1,0 +1,108 @@
+#include "cli/program.h"
+
+#include "burnback/run_sim.h"
+#include "shell/grain_file.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Script = Program;
+
+bool Near(double a, double b) { return std::abs(a - b) <= 1e-6; }
+bool SamePoint(double x, double y, double u, double v) { return Near(x, u) && Near(y, v); }
+bool SameAngle(double a, double b) { return std::abs(std::remainder(a - b, TwoPi)) <= 1e-6; }
+
+bool Same(const Entity &a, const Entity &b) {
+  if (a.EntType != b.EntType) return false;
+  if (a.EntType == LineType)
+    return (SamePoint(a.X1, a.Y1, b.X1, b.Y1) && SamePoint(a.X2, a.Y2, b.X2, b.Y2)) ||
+           (SamePoint(a.X1, a.Y1, b.X2, b.Y2) && SamePoint(a.X2, a.Y2, b.X1, b.Y1));
+  return SamePoint(a.CenterX, a.CenterY, b.CenterX, b.CenterY) && Near(a.Radius, b.Radius) &&
+         (a.EntType == CircleType ||
+          (SameAngle(a.StartAngle, b.StartAngle) && SameAngle(a.EndAngle, b.EndAngle)));
+}
+
+std::string Words(const Entity &e) {
+  return e.EntType == LineType
+             ? testing::PrintToString(std::array{e.X1, e.Y1, e.X2, e.Y2})
+             : testing::PrintToString(std::array{e.CenterX, e.CenterY, e.Radius, e.StartAngle, e.EndAngle});
+}
+
+// As sets: what one table has and the other lacks is told.
+void ExpectSameRows(const EntityTable &got, const EntityTable &wanted) {
+  std::vector<Entity> left(wanted.Row.begin(), wanted.Row.begin() + wanted.EntCount + 1);
+  for (int i = 0; i <= got.EntCount; ++i) {
+    const Entity &e = RowAt(got, i);
+    const auto same = std::find_if(left.begin(), left.end(), [&](const Entity &w) { return Same(e, w); });
+    if (same == left.end())
+      ADD_FAILURE() << "not wanted: " << Words(e);
+    else
+      left.erase(same);
+  }
+  for (const Entity &e : left) ADD_FAILURE() << "missing: " << Words(e);
+}
+
+TEST_F(Script, DrawsEveryJourneyToItsTableAndBurnsIt) {
+  int played = 0;
+  for (const auto &file : std::filesystem::directory_iterator(TEST_SOURCE "/tests/scripts")) {
+    if (file.path().extension() != ".txt") continue;
+    SCOPED_TRACE(file.path().filename().string());
+    ++played;
+    const std::string script = file.path().string();
+    EXPECT_EQ(Run("script '" + script + "' --save out.mvd"), 0) << Err;
+    if (!std::filesystem::exists(At("out.mvd"))) continue;
+    Design got, wanted;
+    ASSERT_EQ(ReadGrainFile(At("out.mvd"), got), "");
+    ASSERT_EQ(ReadGrainFile(std::filesystem::path(script).replace_extension(".mvd").string(), wanted), "");
+    ExpectSameRows(got.Table, wanted.Table);
+    std::string text;
+    ASSERT_EQ(ReadWhole(script, text), "");
+    if (text.starts_with("# burns")) {
+      BurnRun run;
+      BurnRefusal refusal;
+      EXPECT_TRUE(BurnDesign(got, {}, run, refusal)) << RefusalWords(refusal);
+    }
+    std::filesystem::remove(At("out.mvd"));
+  }
+  EXPECT_GT(played, 0);
+}
+
+TEST_F(Script, FaultsNameTheLineAndLeaveNoOutput) {
+  for (const auto &[lines, where] :
+       {std::pair{"cmd 20\n", "line 1: unanswered question"}, std::pair{"# note\n\ncmd 99999\n", "line 3: "},
+        std::pair{"cmd 1\nclick 1 x\n", "line 2: cannot click 1 x"},
+        std::pair{"cmd 90\nclick 1 1\n", "line 2: unexpected box"}, std::pair{"expect count 1\n", "line 1: "},
+        std::pair{"fly\n", "line 1: cannot fly"}}) {
+    Write("s.txt", lines);
+    EXPECT_EQ(Run("script s.txt --save out.mvd --svg out.svg"), 1) << lines;
+    EXPECT_EQ(Err.rfind(std::string("s.txt: ") + where, 0), 0u) << Err;
+    EXPECT_EQ(std::count(Err.begin(), Err.end(), '\n'), 1) << Err;
+    EXPECT_FALSE(std::filesystem::exists(At("out.mvd")) || std::filesystem::exists(At("out.svg")));
+  }
+  Write("s.txt", "cmd 1\n");
+  for (const char *bad : {"script", "script none.txt", "script s.txt --design none.mvd",
+                          "script s.txt --save s.txt", "script s.txt --svg none/out.svg"})
+    EXPECT_EQ(Run(bad), 2) << bad;
+}
+
+TEST_F(Script, BeginsWithADesignAndLeavesTheUsersFilesAlone) {
+  Write("s.txt", "cmd 20\nanswer 2*3\nclick 1 2\nexpect count 25\n");
+  const auto files = [&] {
+    return std::distance(std::filesystem::directory_iterator(At("home")),
+                         std::filesystem::directory_iterator());
+  };
+  Design before, after;
+  ASSERT_EQ(ReadGrainFile(Star, before), "");
+  ASSERT_EQ(Run("script s.txt --design '" + Star + "' --save out.mvd --svg out.svg --trace"), 0) << Err;
+  EXPECT_NE(Err.find("answer 2*3"), std::string::npos);
+  EXPECT_NE(Read("out.svg").find("<svg"), std::string::npos);
+  ASSERT_EQ(ReadGrainFile(At("out.mvd"), after), "");
+  EXPECT_EQ(after.Doc.GrainDiam, before.Doc.GrainDiam);
+  AppendRow(before.Table, MakeCircle(1, 2, 6));
+  ExpectSameRows(after.Table, before.Table);
+  EXPECT_EQ(files(), 0);
+}
+
+} // namespace
