@@ -10,7 +10,7 @@
 namespace {
 Section SectionAt(const Drafting &d, Point at) {
   PickScope scope;
-  scope.SnapActive = d.Track.AutoPoint && d.Cmd.RefType == CursorRef && d.Track.Target.SnapActive;
+  scope.SnapActive = d.Track.Target.SnapActive && at.X == d.Cmd.TrackX && at.Y == d.Cmd.TrackY;
   scope.SnapEntity = d.Track.Target.SnapEntity;
   return SectionTrim(d.Grain.Table, at, static_cast<double>(d.Grain.Doc.GrainRadius), scope);
 }
