@@ -98,6 +98,7 @@ void PressInDrawing(Workbench &bench, const Event &event) {
 void Press(Workbench &bench, const Event &event) {
   if (!bench.Out[event.Target].Enabled) return;
   if (event.Button == RightButton) return OpenHotKeyList(bench, event.Target);
+  bench.Out[Ctl::HotKeyList].Visible = false;
   for (const PressRow &row : PressTable)
     if (row.Target == event.Target) return row.Action(bench);
   PressInDrawing(bench, event);
