@@ -117,15 +117,15 @@ int LitOf(const Control &from) {
 }
 
 QIcon Sample(std::uint32_t colour, const QWidget &widget) {
-  constexpr int Side = 18;
-  QPixmap sample(QSize(Side, Side) * widget.devicePixelRatioF());
+  const int side = SampleSize.height();
+  QPixmap sample(SampleSize * widget.devicePixelRatioF());
   sample.setDevicePixelRatio(widget.devicePixelRatioF());
   sample.fill(Qt::transparent);
   QPainter painter(&sample);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(widget.palette().color(QPalette::Dark), 1));
   painter.setBrush(FromRed(colour));
-  painter.drawRoundedRect(QRectF(0.5, 0.5, Side - 1, Side - 1), 3, 3);
+  painter.drawRoundedRect(QRectF(0.5, 0.5, side - 1, side - 1), 3, 3);
   return sample;
 }
 

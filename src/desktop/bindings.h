@@ -11,6 +11,8 @@ class QAbstractButton;
 class QListWidget;
 class QSlider;
 
+constexpr QSize SampleSize(24, 18); // of a colour on its button, with room before the words
+
 // Which widget or menu entry shows which control, and what it last showed.
 struct Binding {
   Ctl Control = Ctl::Count;

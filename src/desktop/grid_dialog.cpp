@@ -13,7 +13,6 @@
 namespace {
 // What the dialog holds now.
 struct GridLook {
-  bool Shown = true;
   int Style = 0; // as GridLineType
   QColor Grid, Line, Ground;
 };
@@ -23,10 +22,10 @@ GridLook LookOf(const Screen &screen, const Theme &theme) {
   doc.BackColor = static_cast<float>(screen[Ctl::Screen_BG_Color].Colour);
   doc.LineColor = static_cast<float>(screen[Ctl::Screen_Line_Color].Colour);
   doc.GridColor = static_cast<float>(screen[Ctl::Grid_Color].Colour);
-  GridLook look{screen[Ctl::Grid_Display].Checked, 0, theme.Grid, theme.Geometry, theme.Ground};
+  GridLook look{0, theme.GridFifth, theme.Geometry, theme.Ground};
   const auto own = [&screen](Ctl control) { return FromRed(screen[control].Colour); };
   if (HasOwnColours(doc))
-    look = {look.Shown, 0, own(Ctl::Grid_Color), own(Ctl::Screen_Line_Color), own(Ctl::Screen_BG_Color)};
+    look = {0, own(Ctl::Grid_Color), own(Ctl::Screen_Line_Color), own(Ctl::Screen_BG_Color)};
   look.Style = screen[Ctl::Dashed_Line].Checked   ? 1
                : screen[Ctl::Dotted_Line].Checked ? 2
                : screen[Ctl::Dots].Checked        ? 99
@@ -49,19 +48,17 @@ protected:
     QPainter painter(this);
     painter.fillRect(rect(), Look.Ground);
     const auto at = [](int i) { return 15 + i * Step; };
-    if (Look.Shown) {
-      QPen pen(Look.Grid, 1);
-      if (Look.Style == 1) pen.setDashPattern({6, 4});
-      if (Look.Style == 2) pen.setDashPattern({1, 3});
-      painter.setPen(pen);
-      for (int i = 0; i < Lines; ++i) {
-        if (Look.Style != 99) {
-          painter.drawLine(at(i), 0, at(i), height());
-          painter.drawLine(0, at(i), width(), at(i));
-        } else {
-          for (int k = 0; k < Lines; ++k)
-            painter.fillRect(QRectF(at(i) - 0.75, at(k) - 0.75, 1.5, 1.5), Look.Grid);
-        }
+    QPen pen(Look.Grid, 1);
+    if (Look.Style == 1) pen.setDashPattern({6, 4});
+    if (Look.Style == 2) pen.setDashPattern({1, 3});
+    painter.setPen(pen);
+    for (int i = 0; i < Lines; ++i) {
+      if (Look.Style != 99) {
+        painter.drawLine(at(i), 0, at(i), height());
+        painter.drawLine(0, at(i), width(), at(i));
+      } else {
+        for (int k = 0; k < Lines; ++k)
+          painter.fillRect(QRectF(at(i) - 0.75, at(k) - 0.75, 1.5, 1.5), Look.Grid);
       }
     }
     painter.setRenderHint(QPainter::Antialiasing);
@@ -78,7 +75,7 @@ private:
 QPushButton *ColourButton(Bindings &bindings, Ctl control) {
   auto *button = new QPushButton;
   button->setProperty("sample", true);
-  button->setIconSize(QSize(18, 18));
+  button->setIconSize(SampleSize);
   button->setAutoDefault(false);
   BindButton(bindings, control, button);
   return button;

@@ -9,7 +9,8 @@
 #include <QToolButton>
 
 namespace {
-constexpr int Columns = 2;
+constexpr int Columns = 2, WideTool = 2; // cells
+constexpr int Side = 34;                 // of a button, pixels
 constexpr Ctl Groups[] = {Ctl::Tools_Lines,   Ctl::Tools_Circles, Ctl::Tools_Arcs,      Ctl::Tools_Boxes,
                           Ctl::Tools_Corners, Ctl::Tools_Trim,    Ctl::Tools_Transform, Ctl::Tools_Measure};
 constexpr struct {
@@ -25,7 +26,7 @@ bool IsGroup(Ctl control) { return RowOf(control).Name.starts_with("Tools_"); }
 constexpr Ctl PastTools = Ctl::End_Frame; // the first control behind the last tool
 
 void AddHead(QGridLayout &grid, QLabel *head) {
-  head->setContentsMargins(4, grid.rowCount() > 1 ? 10 : 0, 0, 4);
+  head->setContentsMargins(4, grid.rowCount() > 1 ? 8 : 0, 0, 3);
   head->setWordWrap(true);
   grid.addWidget(head, grid.rowCount(), 0, 1, Columns);
 }
@@ -35,17 +36,25 @@ void AddTools(QGridLayout &grid, const std::vector<QToolButton *> &tools) {
   int place = 0;
   for (QToolButton *tool : tools) {
     const bool wide = tool->toolButtonStyle() != Qt::ToolButtonIconOnly;
-    if (wide) place = (place + Columns - 1) / Columns * Columns;
-    grid.addWidget(tool, first + place / Columns, place % Columns, 1, wide ? Columns : 1);
-    place += wide ? Columns : 1;
+    const int cells = wide ? WideTool : 1;
+    if (place % Columns + cells > Columns) place = (place + Columns - 1) / Columns * Columns;
+    grid.addWidget(tool, first + place / Columns, place % Columns, 1, cells);
+    place += cells;
   }
+}
+
+QToolButton *SmallTool(Bindings &bindings, Ctl control, const QString &icon) {
+  QToolButton *tool = ToolButton(bindings, control, icon);
+  tool->setFixedSize(Side, Side);
+  return tool;
 }
 
 QToolButton *DrawingTool(Bindings &bindings, Ctl control) {
   const std::string_view name = RowOf(control).Name;
   const QString own = "tools/" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-  if (control != Ctl::RotateDraw) return ToolButton(bindings, control, own);
+  if (control != Ctl::RotateDraw) return SmallTool(bindings, control, own);
   QToolButton *tool = ToolButton(bindings, control, "rotation");
+  tool->setFixedHeight(Side);
   tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon); // its words hold the number of rotations
   tool->setFont(TypeFont(Type::Small));
   tool->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -58,7 +67,7 @@ QWidget *BuildToolsPane(Bindings &bindings) {
   auto *group = Bind(bindings, Ctl::Tools_Frame, new QWidget);
   auto *grid = new QGridLayout(group);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(2);
+  grid->setSpacing(1);
   for (const Ctl head : Groups) {
     AddHead(*grid, Bind(bindings, head, Head({})));
     std::vector<QToolButton *> tools;
@@ -68,7 +77,7 @@ QWidget *BuildToolsPane(Bindings &bindings) {
   }
   AddHead(*grid, Head("View"));
   std::vector<QToolButton *> tools;
-  for (const auto &[control, icon] : ViewTools) tools.push_back(ToolButton(bindings, control, icon));
+  for (const auto &[control, icon] : ViewTools) tools.push_back(SmallTool(bindings, control, icon));
   AddTools(*grid, tools);
 
   auto *inner = new QWidget;

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "drafting/command_machine.h"
+#include "shell/tool_hints.h"
 
 #include <array>
 #include <filesystem>
@@ -96,7 +97,7 @@ void ModeControls(Workbench &bench) {
   const bool wide1 = out.PixelWidth >= 768, wide2 = out.PixelWidth >= 1024 && !bench.Chart2Hidden;
   out[Ctl::MyChart1_Frame].Visible = results || (wide1 && !out.MyChart1.Series.empty());
   out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
-  const bool empty = bench.Grain.Table.EntCount < 0 && !results;
+  const bool empty = bench.Grain.Table.EntCount < 0 && !results && bench.Draft.Cmd.CmdNo == 0;
   for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
     out[c].Visible = empty;
 }
@@ -107,6 +108,7 @@ void RefreshScreen(Workbench &bench) {
   RefreshDrafting(bench.Draft);
   out[Ctl::HotKeyPrompt].Visible = out[Ctl::HotKeyList].Visible;
   for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
+  for (const ToolHint &row : ToolHints()) out[row.Target].Hint = row.Text;
   for (const Ctl c : Unavailable) {
     out[c].Enabled = false;
     out[c].Hint = "Not available in this version";

@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -57,8 +58,8 @@ Place PlaceOf(QWidget &widget, QPointF share) {
   return {widget.window()->windowHandle(), widget.mapTo(widget.window(), at)};
 }
 
-void Click(QWidget &widget, QPoint at) {
-  QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, {}, widget.mapTo(widget.window(), at));
+void Click(QWidget &widget, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
+  QTest::mouseClick(widget.window()->windowHandle(), button, {}, widget.mapTo(widget.window(), at));
 }
 
 void TypeKeys(QWindow *window, const QString &text) {
@@ -188,10 +189,23 @@ Outcome Uncut(QWidget &whole) {
   return {};
 }
 
-Outcome Press(const QString &name) {
+// As the wheel over a pane would.
+void ScrollTo(QWidget &widget) {
+  for (QWidget *around = widget.parentWidget(); around; around = around->parentWidget())
+    if (auto *area = qobject_cast<QScrollArea *>(around)) area->ensureWidgetVisible(&widget);
+}
+
+Outcome Press(const QString &name, Qt::MouseButton mouse = Qt::LeftButton) {
+  if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+    auto *entry = menu->findChild<QAction *>(name);
+    if (!entry) return {Step::Later, "not in the menu"};
+    Click(*menu, menu->actionGeometry(entry).center());
+    return {};
+  }
   if (auto *button = FindIn<QAbstractButton>(name); button && button->isVisible()) {
     if (!button->isEnabled()) return {Step::Wrong, "disabled"};
-    Click(*button, button->rect().center());
+    ScrollTo(*button);
+    Click(*button, button->rect().center(), mouse);
     return {};
   }
   QAction *entry = FindEntry(name);
@@ -226,6 +240,7 @@ Outcome Perform(const QString &line) {
   const QStringList word = line.split(' ');
   const QString verb = word[0], name = word.value(1), rest = line.section(' ', 2);
   if (verb == "press") return Press(name);
+  if (verb == "ask") return Press(name, Qt::RightButton);
   if (verb == "text") return TypeText(name, rest);
   if (verb == "file") return NameFile(line.section(' ', 1));
   if (verb == "box") return AnswerBox(name, rest);
@@ -268,7 +283,7 @@ void CloseAll(Player &player) {
     box->done(QMessageBox::Cancel);
   else
     front->close();
-  QTimer::singleShot(Beat, &player.App, [&player] { CloseAll(player); });
+  QTimer::singleShot(Beat, &player.Life, [&player] { CloseAll(player); });
 }
 
 // The next beat is set before the line is played: a line may open a modal loop, whose answers are the next
@@ -280,7 +295,7 @@ void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t lin
   auto fresh = std::make_shared<QElapsedTimer>();
   fresh->start();
   auto later = std::make_shared<bool>(false);
-  QTimer::singleShot(Beat, &player.App, [&player, fresh, line, later] {
+  QTimer::singleShot(Beat, &player.Life, [&player, fresh, line, later] {
     if (!*later) Tick(player, fresh, line + 1);
   });
   const Outcome outcome = Perform(player.Line[line]);
@@ -288,7 +303,7 @@ void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t lin
   *later = true;
   player.Next = line;
   if (outcome.What == Step::Later && waited->elapsed() < Patience) {
-    QTimer::singleShot(Beat, &player.App, [&player, waited, line] { Tick(player, waited, line); });
+    QTimer::singleShot(Beat, &player.Life, [&player, waited, line] { Tick(player, waited, line); });
     return;
   }
   player.Fault = (player.Line[line] + ": " + outcome.Seen).toStdString();
@@ -301,5 +316,5 @@ QWidget *FindShown(const QString &name) { return FindIn<QWidget>(name); }
 void Play(Player &player) {
   auto waited = std::make_shared<QElapsedTimer>();
   waited->start();
-  QTimer::singleShot(Beat, &player.App, [&player, waited] { Tick(player, waited, 0); });
+  QTimer::singleShot(Beat, &player.Life, [&player, waited] { Tick(player, waited, 0); });
 }

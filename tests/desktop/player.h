@@ -1,4 +1,5 @@
 #pragma once
+#include <QObject>
 #include <QString>
 #include <string>
 #include <vector>
@@ -27,6 +28,7 @@ struct Player {
   std::vector<QString> Line;
   std::size_t Next = 0;
   std::string Fault;
+  QObject Life{nullptr}; // the beats still due end with it
 };
 void Play(
     Player &); // from the event loop, to the end of the lines or the first fault; then every window is closed
