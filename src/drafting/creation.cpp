@@ -4,9 +4,13 @@
 #include "drafting/ask_question.h"
 #include "drafting/back_store.h"
 #include "drafting/command_machine.h"
+#include "drafting/commit.h"
 #include "drafting/creation_parts.h"
+#include "drafting/creation_shapes.h"
 #include "drafting/prompt.h"
 #include "drafting/report.h"
+
+#include <utility>
 
 namespace {
 constexpr int EnterKey = 13;
@@ -43,6 +47,15 @@ constexpr ButtonRow FrameButtons[] = {{Ctl::TL, PressReference},
                                       {Ctl::PolyAccept, AcceptPolygon},
                                       {Ctl::PolyCancel, CancelFrame}};
 } // namespace
+
+std::optional<std::vector<Entity>> CommitShape(Drafting &d) {
+  std::vector<Point> held;
+  for (int i = 0; i <= d.Cmd.PointCount; ++i) held.push_back(PointAt(d.Cmd, i));
+  Solution shape = ShapeOf(d, held);
+  if (!shape.Solved()) Report(d, shape.Failure);
+  if (!shape.Solved() || !AddEntities(d, shape.Added)) return std::nullopt;
+  return std::move(shape.Added);
+}
 
 std::optional<double> FrameValue(Drafting &d, Ctl field, std::vector<std::string> &formulas) {
   const std::string text = d.Out[field].Text;

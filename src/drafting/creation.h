@@ -17,11 +17,9 @@ void ClickParallel(Drafting &, Point); // 4, 5
 void ClickPerpendicular(Drafting &, Point);
 void ClickSegments(Drafting &, Point);
 
-void CommitLine(Drafting &);         // 1, 2
-void CommitStraightLine(Drafting &); // 7, 8, 9
-void CommitCircle(Drafting &);       // 20..24
-void CommitArc(Drafting &);          // 30..34
-void CommitBox(Drafting &);          // 51, 52
+void CommitLine(Drafting &);  // 1, 2, 7, 8, 9
+void CommitRound(Drafting &); // 20..24, 30..34
+void CommitBox(Drafting &);   // 51, 52
 void CommitPolygon(Drafting &);
 
 void BackParallel(Drafting &);

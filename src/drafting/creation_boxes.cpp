@@ -1,25 +1,18 @@
 #include "drafting/command_machine.h"
-#include "drafting/commit.h"
 #include "drafting/creation.h"
 #include "drafting/creation_parts.h"
+#include "drafting/creation_shapes.h"
 #include "drafting/report.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace {
 
-constexpr int WidthHeight = 51;
-constexpr double SamePlace = 0.0001; // mm
+constexpr int WidthHeight = 51, Corners = 52;
 constexpr std::string_view NoBoxText = "ERROR: Height & Width of Box must be Greater than 0";
 constexpr std::array References{Ctl::TL, Ctl::TC, Ctl::TR, Ctl::CL, Ctl::CC,
                                 Ctl::RC, Ctl::BL, Ctl::BC, Ctl::BR}; // BoxReference 1..9
-
-std::array<Entity, 4> BoxLines(Point a, Point b) {
-  return {MakeLine(a.X, a.Y, b.X, a.Y), MakeLine(b.X, a.Y, b.X, b.Y), MakeLine(b.X, b.Y, a.X, b.Y),
-          MakeLine(a.X, b.Y, a.X, a.Y)};
-}
 
 } // namespace
 
@@ -52,20 +45,8 @@ void AcceptBox(Drafting &d, const Event &) {
 }
 
 void CommitBox(Drafting &d) {
-  Point first = PointAt(d.Cmd, 0), second;
-  if (d.Cmd.CmdNo == WidthHeight) {
-    const int column = (d.Tool.BoxReference - 1) % 3, row = (d.Tool.BoxReference - 1) / 3;
-    first.X -= d.Tool.BoxWidth * column / 2;
-    first.Y += d.Tool.BoxHeight * row / 2;
-    second = {first.X + d.Tool.BoxWidth, first.Y - d.Tool.BoxHeight};
-  } else {
-    second = PointAt(d.Cmd, 1);
-    if (std::abs(second.X - first.X) < SamePlace || std::abs(second.Y - first.Y) < SamePlace) {
-      Report(d, NoBoxText);
-      return LeaveCommand(d);
-    }
-  }
-  AddEntities(d, BoxLines(first, second));
+  if (CommitShape(d) || d.Cmd.CmdNo != Corners) return;
+  if (!ShapeOf(d, std::array{PointAt(d.Cmd, 0), PointAt(d.Cmd, 1)}).Solved()) LeaveCommand(d);
 }
 
 void RefreshBox(Drafting &d) {

@@ -2,6 +2,7 @@
 #include "drafting/command_machine.h"
 #include "drafting/commit.h"
 #include "drafting/creation.h"
+#include "drafting/creation_parts.h"
 #include "drafting/point_modes.h"
 #include "drafting/report.h"
 
@@ -12,7 +13,7 @@
 
 namespace {
 
-constexpr int LineAtAngle = 3, ParallelByDistance = 4, Perpendicular = 6, Horizontal = 7, Vertical = 8;
+constexpr int LineAtAngle = 3, ParallelByDistance = 4, Perpendicular = 6;
 constexpr double OnLine = 1e-6; // of the grain's radius
 
 bool AddLine(Drafting &d, Point a, Point b) {
@@ -107,11 +108,7 @@ void ClickLineAngle(Drafting &d, Point at) {
   }
   if (!PointInput(d, at)) return;
   if (d.Cmd.PointCount == 0) return HoldAnchor(d);
-  const Carrier c = CarrierOf(d.Cmd.Pick[0].Row);
-  const Point direction = Turned({c.UX, c.UY}, d.Cmd.RotationAngle);
-  const Point from = PointAt(d.Cmd, 0);
-  if (AddLine(d, from, Stepped(from, direction, Across(direction, from, LastPoint(d.Cmd)))))
-    RestartCommand(d);
+  if (CommitShape(d)) RestartCommand(d);
 }
 
 void ClickParallel(Drafting &d, Point at) {
@@ -143,19 +140,7 @@ void ClickPerpendicular(Drafting &d, Point at) {
   if (AddLine(d, from, to)) RestartCommand(d);
 }
 
-void CommitLine(Drafting &d) {
-  const int last = d.Cmd.PointCount;
-  AddLine(d, PointAt(d.Cmd, last - 1), PointAt(d.Cmd, last));
-}
-
-void CommitStraightLine(Drafting &d) {
-  const Point from = PointAt(d.Cmd, 0);
-  Point to = PointAt(d.Cmd, 1);
-  const bool flat = d.Cmd.CmdNo == Horizontal ||
-                    (d.Cmd.CmdNo != Vertical && std::abs(to.X - from.X) >= std::abs(to.Y - from.Y));
-  (flat ? to.Y : to.X) = flat ? from.Y : from.X;
-  AddLine(d, from, to);
-}
+void CommitLine(Drafting &d) { CommitShape(d); }
 
 const char *StemLineFirst(const Drafting &d) {
   if (!d.Cmd.Pick[0].Found) return "Select a line";

@@ -1,6 +1,5 @@
 #pragma once
 #include "drafting/command_table.h"
-#include "geometry/construct.h"
 
 #include <optional>
 #include <string>
@@ -8,9 +7,8 @@
 
 // What the files of creation share.
 
-bool AddRound(Drafting &, const Entity &); // its radius is the next ToolRadius
-// Through the three points held; Radius 0 when there is none, which is reported.
-CircleThrough CircleOfPoints(Drafting &);
+// The rows made of the points held, with their copies; nothing when there were none, which was told.
+std::optional<std::vector<Entity>> CommitShape(Drafting &);
 
 // The number in a field of a frame, written back; nothing, after a box, when it is none. Its text is appended
 // to the formulas, an empty one for a plain number.

@@ -5,6 +5,7 @@
 #include "drafting/creation_parts.h"
 #include "drafting/point_modes.h"
 #include "drafting/report.h"
+#include "geometry/construct.h"
 
 #include <cmath>
 
@@ -90,11 +91,7 @@ void AcceptPolygon(Drafting &d, const Event &) {
   LogInput(d, Polygon, *sides, *radius, *rotate, EnterText(formulas));
 }
 
-void CommitPolygon(Drafting &d) {
-  const ToolValues &t = d.Tool;
-  AddSolved(d,
-            CreatePolygon(PointAt(d.Cmd, 0), t.PolySides, t.PolyRadius, t.PolyRotate * Pi / 180, t.PolyFlat));
-}
+void CommitPolygon(Drafting &d) { CommitShape(d); }
 
 const char *StemPolygon(const Drafting &d) {
   return d.Out[Ctl::Poly_Frame].Visible ? "Enter Polygon Attributes" : nullptr;

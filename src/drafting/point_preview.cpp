@@ -1,13 +1,21 @@
 #include "drafting/point_preview.h"
 
+#include "drafting/command_table.h"
+#include "drafting/creation_shapes.h"
 #include "drafting/rotation_draw.h"
-#include "geometry/carrier.h"
-#include "geometry/construct.h"
-
-#include <cmath>
 
 namespace {
-Entity LineRow(Point a, Point b) { return MakeLine(a.X, a.Y, b.X, b.Y); }
+constexpr int ZoomCommand = 80;
+constexpr std::size_t MostRows = 301;
+
+void Show(Drafting &d, const Entity &row, Ink role) { d.Out.Panel.Overlay.push_back(RowItem(row, role)); }
+
+void ShowWindow(Drafting &d, Point a, Point b) {
+  Show(d, MakeLine(a.X, a.Y, b.X, a.Y), Ink::Guide);
+  Show(d, MakeLine(b.X, a.Y, b.X, b.Y), Ink::Guide);
+  Show(d, MakeLine(b.X, b.Y, a.X, b.Y), Ink::Guide);
+  Show(d, MakeLine(a.X, b.Y, a.X, a.Y), Ink::Guide);
+}
 } // namespace
 
 DrawItem RowItem(const Entity &e, Ink role) {
@@ -23,6 +31,23 @@ DrawItem RowItem(const Entity &e, Ink role) {
 }
 
 void PreviewPoints(Drafting &d, Point at) {
-  if (d.Cmd.PointCount >= 0)
-    d.Out.Panel.Overlay.push_back(RowItem(LineRow(LastPoint(d.Cmd), at), Ink::Guide));
+  const Point last = LastPoint(d.Cmd);
+  const bool anchored = d.Cmd.PointCount >= 0;
+  if (d.Cmd.CmdNo == ZoomCommand) {
+    if (anchored) ShowWindow(d, last, at);
+    return;
+  }
+  std::vector<Point> points;
+  for (int i = 0; i <= d.Cmd.PointCount; ++i) points.push_back(PointAt(d.Cmd, i));
+  points.push_back(at);
+  const Solution shape = ShapeOf(d, points);
+  if (!shape.Solved() || shape.Added.empty()) {
+    if (anchored) Show(d, MakeLine(last.X, last.Y, at.X, at.Y), Ink::Guide);
+    return;
+  }
+  std::vector<Entity> rows = shape.Added;
+  const auto copies = static_cast<std::size_t>(d.Rotation.RotationCount);
+  if (d.Rotation.Active && rows.size() * copies <= MostRows)
+    for (const Entity &row : shape.Added) AppendCopies(d.Rotation, row, rows);
+  for (const Entity &row : rows) Show(d, row, Ink::WillBe);
 }
