@@ -166,17 +166,17 @@ void Back(Drafting &d, int button) {
     d.Out[Ctl::HotKeyList].Visible = false;
     return;
   }
-  if (!idle) LogInput(d, LogClick, d.Cmd.ClickX, d.Cmd.ClickY, button);
-  if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
   const bool choosing = d.Out[Ctl::XFormOption].Visible;
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  const bool steps = row && row->CmdNo != ZoomCommand && !choosing && d.Cmd.SelectCount == 0;
   for (const Ctl c : Lists) d.Out[c].Visible = false;
   d.Out.Panel.Overlay.clear();
-  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
-  if (!row || choosing || d.Cmd.SelectCount > 0) return LeaveCommand(d);
-  if (d.Cmd.BackPos == d.Cmd.BackDepth) d.Marks.clear();
-  if (row->Back) row->Back(d);
-  if (d.Cmd.CmdNo == 0) return;
-  if (!RestoreBack(d)) return LeaveCommand(d);
+  if (steps && d.Cmd.BackPos == d.Cmd.BackDepth) d.Marks.clear();
+  if (steps && row->Back) row->Back(d);
+  if (!idle) LogInput(d, LogClick, d.Cmd.ClickX, d.Cmd.ClickY, button); // with what the step asked
+  if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
+  if (!idle && d.Cmd.CmdNo == 0) return; // a cancelled question left the command
+  if (!steps || !RestoreBack(d)) return LeaveCommand(d);
   SetPrompt(d);
   RedrawPanel(d);
 }

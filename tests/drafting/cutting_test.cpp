@@ -268,7 +268,9 @@ TEST_F(Cutting, PicksAreLoggedOnceTheyCount) {
   log.On = true;
   Play("cmd 60\nclick -8 0\nclick -8 0\nexpect box ERROR: Entity already Selected!\nclick 4 5\n"
        "cmd 25\nclick -3 2\nclick 4 5\nclick -3 -5\nexpect box No Entity Found\nback 0 0\nback 0 0\n"
-       "cmd 68\nclick 4 5\nclick -6 0\nexpect box ERROR: Breakpoint must be *ON* line\n");
+       "cmd 68\nclick 4 5\nclick -6 0\nexpect box ERROR: Breakpoint must be *ON* line\n"
+       "cmd 57\nanswer 1\nanswer 1\nclick -3 2\nclick 4 5\nexpect box Can't solve for parallel lines\n"
+       "cmd 55\nanswer 2\nback 0 0\nanswer 3\n");
   std::string kinds;
   for (const Instruction &step : log.Row) {
     kinds += std::to_string(step.PointArea);
@@ -276,7 +278,7 @@ TEST_F(Cutting, PicksAreLoggedOnceTheyCount) {
       kinds += ":" + std::to_string(static_cast<int>(step.Value1));
     kinds += " ";
   }
-  EXPECT_EQ(kinds, "60 130:0 150:2 25 130:1 130:2 151 151 68 150:2 ");
+  EXPECT_EQ(kinds, "60 130:0 150:2 25 130:1 130:2 151 151 68 150:2 57 203 130:1 151 55 203 151 203 ");
 }
 
 } // namespace
