@@ -27,7 +27,8 @@ std::optional<double> ValueOf(const Drafting &d, Ctl field) {
   VariableTable variables = d.Variables;
   SetGrainVariables(variables, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
   const Formula formula = EvaluateFormula(TextOf(d, field), variables);
-  return formula.Good() ? std::optional(formula.Value) : std::nullopt;
+  const bool fits = formula.Good() && std::abs(formula.Value) <= MostLength;
+  return fits ? std::optional(formula.Value) : std::nullopt;
 }
 
 // The field's formula becomes its number. False: it is none, which was told. A blank field stays blank.
@@ -36,6 +37,12 @@ bool Evaluate(Drafting &d, Ctl field) {
   if (Blank(text)) return true;
   const auto value = FieldValue(d, text);
   if (!value) return false;
+  if (!(std::abs(*value) <= MostLength)) {
+    const std::string most = PlainText(MostLength);
+    Report(d, "ERROR: A number from -" + most + " to " + most + " must be entered", "Input Error",
+           Icon::Stop);
+    return false;
+  }
   AnswerGiven &kept = d.Typed.Field[field == Ctl::X_Input ? 0 : 1];
   const std::string shown = PlainText(*value);
   if (!IsPlainNumber(text)) kept.Formula = text;

@@ -211,13 +211,10 @@ constexpr ButtonRow Presses[] = {{Ctl::Cursor, ChooseMode},        {Ctl::End_Ent
                                  {Ctl::Along_Line, ChooseMode},    {Ctl::Key_In, ChooseMode},
                                  {Ctl::Delta, PressDelta},         {Ctl::AutoPoint, PressAutoPoint}};
 
-// The tracker's row, when the position is the one it held and the row may be picked.
-bool CandidateFits(const Drafting &d, Point p, const PickScope &scope) {
+bool TrackerHolds(const Drafting &d, Point p) {
   const int row = d.Track.Target.SnapEntity;
-  if (!d.Track.Target.SnapActive || p.X != d.Cmd.TrackX || p.Y != d.Cmd.TrackY) return false;
-  if (row < 0 || row > d.Grain.Table.EntCount) return false;
-  const Entity &e = RowAt(d.Grain.Table, row);
-  return (e.EntType & scope.TypeMask) != 0 && (scope.AllowSelected || !e.Selected);
+  return d.Track.Target.SnapActive && p.X == d.Cmd.TrackX && p.Y == d.Cmd.TrackY && row >= 0 &&
+         row <= d.Grain.Table.EntCount;
 }
 } // namespace
 
@@ -226,12 +223,17 @@ PickedRow PickEntity(Drafting &d, Point p, int typeMask, std::string_view none, 
   PickScope scope;
   scope.TypeMask = typeMask;
   scope.AllowSelected = allowSelected;
-  if (CandidateFits(d, p, scope)) {
-    scope.SnapActive = true;
+  const double grainRadius = static_cast<double>(d.Grain.Doc.GrainRadius);
+  // The snap says which row, the pointer itself on which side: at a corner both picks of a fillet would meet.
+  const bool held = TrackerHolds(d, p);
+  const Point pointer = held ? Point{d.Cmd.ClickX, d.Cmd.ClickY} : p;
+  if (held) {
+    const Entity &e = RowAt(d.Grain.Table, d.Track.Target.SnapEntity);
+    scope.SnapActive = (e.EntType & typeMask) != 0 && (allowSelected || !e.Selected);
     scope.SnapEntity = d.Track.Target.SnapEntity;
   }
-  const double grainRadius = static_cast<double>(d.Grain.Doc.GrainRadius);
-  const PickedRow pick = PickRow(d.Grain.Table, p, grainRadius, scope, grainCircle);
+  PickedRow pick = PickRow(d.Grain.Table, scope.SnapActive ? p : pointer, grainRadius, scope, grainCircle);
+  if (pick.Found && scope.SnapActive) pick = RowPick(d.Grain.Table, pick.Index, pointer);
   if (pick.GeomAbort) {
     Report(d, "ERROR: No Solution Found");
   } else if (!pick.Found) {

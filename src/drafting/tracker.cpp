@@ -56,8 +56,8 @@ Point Hold(Drafting &d, Point pointer) {
   }
   if (!InForce(d)) {
     t.Target = {};
-    if (d.Cmd.CmdNo == 0) t.Passed.reset();
   } else {
+    if (d.Cmd.PointCount < 0) t.Passed.reset();
     const double capture = CaptureDistance(d), reach = static_cast<double>(doc.GrainRadius);
     Point snapped = pointer;
     if (!typed) Find_End_Or_Center(d.Grain.Table, reach, capture, false, snapped, t.Target);

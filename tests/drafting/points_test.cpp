@@ -5,6 +5,7 @@
 #include "drafting/point_modes.h"
 #include "geometry/carrier.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -90,7 +91,8 @@ TEST_F(Points, WhatFailsChangesNothing) {
         "press Along_Line|click 0 12|expect box No Line",
         "press Intersection|click 0 12|click -15 10|expect box Error: Can't Find Solution",
         "press Along_Line|click 8 -30|answer cancel", "press Delta|click 8 -30|answer cancel",
-        "press Key_In|type X_Input 4+|key Enter|expect box a number is missing"}) {
+        "press Key_In|type X_Input 4+|key Enter|expect box a number is missing",
+        "type X_Input 1e9|key Enter|expect box from -1000000 to 1000000|key Escape"}) {
     Play("cmd 1\n");
     Play(Lines(text));
     EXPECT_EQ(Bench().Draft.Cmd.PointCount, -1) << text;
@@ -162,6 +164,41 @@ TEST_F(Points, TheTrackerHoldsEndsCentresGuidesAndEdges) {
   Dispatch(Bench(), press);
   EXPECT_EQ(Last().X2, 10);
   EXPECT_EQ(Last().Y2, -35);
+}
+
+// Both picks lie within the capture of a corner, and the tracker holds the corner for both.
+TEST_F(Points, ASnapNamesTheRowAndThePointerTheSide) {
+  Begin();
+  AppendRow(Bench().Grain.Table, MakeLine(-40, 20, -40, 40));
+  AppendRow(Bench().Grain.Table, MakeLine(-40, 40, -20, 40));
+  Play(Lines("press AutoPoint|cmd 55|answer 2|click -40 39.5|click -39.5 40"));
+  EXPECT_EQ(Last().EntType, ArcType);
+  EXPECT_NEAR(Last().CenterX, -38, 1e-9);
+  EXPECT_NEAR(Last().CenterY, 38, 1e-9);
+}
+
+TEST_F(Points, ThePreviewIsWhatTheClickMakes) {
+  for (const std::string text :
+       {"cmd 1|click 1 2", "cmd 2|click 1 2|click 3 9", "cmd 3|click -9 -30|answer 30|click 1 2",
+        "cmd 7|click 1 2", "cmd 8|click 1 2", "cmd 9|click 1 2", "cmd 20|answer 3", "cmd 21|answer 3",
+        "cmd 22|click 1 2", "cmd 23|click 1 2|click 9 9", "cmd 24|click 1 2",
+        "cmd 30|answer 3|answer 350|answer 10", "cmd 31|answer 3|answer 0|answer 90",
+        "cmd 32|answer 20|answer 90|click 1 2", "cmd 33|answer -100|click 1 2", "cmd 34|click 1 2|click 9 9",
+        "cmd 51|press RC|press AcceptBoxWH", "cmd 52|click 1 2", "cmd 53|press PolyAccept"})
+    for (const bool turning : {false, true}) {
+      SCOPED_TRACE(text);
+      Begin();
+      Play(Lines((turning ? "press RotateDraw|answer 3|" : "") + text + "|move 17 5"));
+      const int before = Bench().Grain.Table.EntCount + 1;
+      const std::vector<DrawItem> shown = Screen().Panel.Overlay;
+      Play("click 17 5");
+      const EntityTable &table = Bench().Grain.Table;
+      EXPECT_GE(table.EntCount + 1 - before, turning ? 3 : 1);
+      // Copies stand beside their own row in the table, behind all rows in the preview.
+      ASSERT_EQ(static_cast<std::size_t>(table.EntCount + 1 - before), shown.size());
+      for (int i = before; i <= table.EntCount; ++i)
+        EXPECT_EQ(std::count(shown.begin(), shown.end(), RowItem(RowAt(table, i), Ink::WillBe)), 1) << i;
+    }
 }
 
 TEST_F(Points, TheGridHoldsPointsButNoWindows) {
