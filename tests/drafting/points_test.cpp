@@ -112,6 +112,7 @@ TEST_F(Points, FieldsMeanWhatTheirLabelsSay) {
        MakeLine(1, 2, 1, 7)},
       {"cmd 2|click 1 2|move 9 10|type Y_Input 0|key Enter", MakeLine(1, 2, 1 + std::hypot(8, 8), 2)},
       {"cmd 7|click 1 2|expect text X_Label X:|type X_Input 9|key Enter|key Enter", MakeLine(1, 2, 9, 2)},
+      {"cmd 5|type X_Input -9|key Enter|type Y_Input -30|key Enter|click 1 2", MakeLine(-20, 2, 10, 2)},
       {"cmd 24|click 1 2|type X_Input 5|expect text Y_Input 2.500|key Enter", CircleRow({1, 2}, 2.5)},
       {"cmd 24|click 1 2|type Y_Input 3|key Enter", CircleRow({1, 2}, 3)},
       {"cmd 30|answer 1|answer 30|answer 40|expect text Y_Label Angle|type X_Input 4|key Enter"
@@ -166,15 +167,24 @@ TEST_F(Points, TheTrackerHoldsEndsCentresGuidesAndEdges) {
   EXPECT_EQ(Last().Y2, -35);
 }
 
-// Both picks lie within the capture of a corner, and the tracker holds the corner for both.
 TEST_F(Points, ASnapNamesTheRowAndThePointerTheSide) {
   Begin();
   AppendRow(Bench().Grain.Table, MakeLine(-40, 20, -40, 40));
   AppendRow(Bench().Grain.Table, MakeLine(-40, 40, -20, 40));
+  // Both picks lie within the capture of the corner, which the tracker holds for both.
   Play(Lines("press AutoPoint|cmd 55|answer 2|click -40 39.5|click -39.5 40"));
   EXPECT_EQ(Last().EntType, ArcType);
   EXPECT_NEAR(Last().CenterX, -38, 1e-9);
   EXPECT_NEAR(Last().CenterY, 38, 1e-9);
+  for (const bool left : {true, false}) { // cut at the midpoint, which the tracker holds for the pick
+    Begin();
+    AppendRow(Bench().Grain.Table, MakeLine(-5, -40, -5, -25));
+    Play(
+        Lines(std::string("press AutoPoint|cmd 60|click ") + (left ? "-5.6" : "-4.4") + " -30|click -5 -38"));
+    const Entity &line = RowAt(Bench().Grain.Table, 0);
+    EXPECT_NEAR(line.X1, left ? -20 : -5, 1e-9);
+    EXPECT_NEAR(line.X2, left ? -5 : 10, 1e-9);
+  }
 }
 
 TEST_F(Points, ThePreviewIsWhatTheClickMakes) {
