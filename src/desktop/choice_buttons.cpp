@@ -21,6 +21,7 @@ void ChoiceButtons::Copy(const Control &from) {
       const QString text = QString::fromStdString(item);
       auto *button = new QPushButton(text);
       button->setCheckable(true);
+      button->setFocusPolicy(Qt::TabFocus);
       button->setObjectName(objectName() + ":" + text);
       connect(button, &QPushButton::clicked, this, [this, text] { Chosen(text); });
       layout()->addWidget(button);

@@ -37,8 +37,15 @@ QVBoxLayout *ColumnIn(QWidget *frame, int spacing = 6) {
   return column;
 }
 
-QPushButton *Choice(Bindings &bindings, Ctl control) {
+// A click on it leaves the keys with the drawing.
+QPushButton *FrameButton(Bindings &bindings, Ctl control) {
   QPushButton *button = Button(bindings, control);
+  button->setFocusPolicy(Qt::TabFocus);
+  return button;
+}
+
+QPushButton *Choice(Bindings &bindings, Ctl control) {
+  QPushButton *button = FrameButton(bindings, control);
   button->setCheckable(true);
   return button;
 }
@@ -48,16 +55,16 @@ void AddOptions(Bindings &bindings, QVBoxLayout &column, std::initializer_list<C
 }
 
 void AddButtons(Bindings &bindings, QVBoxLayout &column, std::initializer_list<Ctl> buttons) {
-  for (const Ctl control : buttons) column.addWidget(Button(bindings, control));
+  for (const Ctl control : buttons) column.addWidget(FrameButton(bindings, control));
 }
 
 // Cancel and, at the right, the button Enter stands for.
 void AddAccept(Bindings &bindings, QVBoxLayout &column, Ctl accept, Ctl cancel) {
   auto *row = new QHBoxLayout;
   row->setSpacing(8);
-  QPushButton *chief = Button(bindings, accept);
+  QPushButton *chief = FrameButton(bindings, accept);
   chief->setProperty("chief", true);
-  row->addWidget(Button(bindings, cancel), 1);
+  row->addWidget(FrameButton(bindings, cancel), 1);
   row->addWidget(chief, 1);
   column.addSpacing(4);
   column.addLayout(row);
@@ -73,7 +80,7 @@ void AddSelection(Bindings &bindings, QVBoxLayout &column) {
     ++place;
   }
   for (const Ctl control : {Ctl::SelectLines, Ctl::SelectCircles, Ctl::SelectArcs})
-    grid->addWidget(Button(bindings, control), place++, 0, 1, 2);
+    grid->addWidget(FrameButton(bindings, control), place++, 0, 1, 2);
 }
 
 void AddBox(Bindings &bindings, QVBoxLayout &column) {
@@ -91,7 +98,7 @@ void AddBox(Bindings &bindings, QVBoxLayout &column) {
   for (const Ctl control : Points) {
     auto *point = Option(bindings, control);
     point->setProperty("wordless", true);
-    grid->addWidget(point, place / 3, place % 3);
+    grid->addWidget(point, place / 3, place % 3, Qt::AlignCenter);
     ++place;
   }
   inner->addWidget(outline, 0, Qt::AlignHCenter);

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QScreen>
 #include <QSplitter>
 #include <QUrl>
@@ -73,8 +74,11 @@ MainWindow::MainWindow(Sender send) {
 }
 
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {
+  const QPointer<QWidget> held = focusWidget();
   Mirror(Controls, screen);
   Side->Follow(screen);
+  // What has the keys and goes gives them back to the drawing, not to whatever stands next to it.
+  if (held && !held->isVisible() && isVisible()) Drawing->setFocus();
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());
   Drawing->Copy(screen.Panel, theme);
   Area->Copy(screen.MyChart1, theme);

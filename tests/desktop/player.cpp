@@ -1,5 +1,9 @@
 #include "desktop/player.h"
 
+#include "desktop/surface_painter.h"
+#include "drafting/hot_keys.h"
+#include "shell/workbench.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -22,6 +26,7 @@
 #include <QWindow>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace {
 constexpr int Beat = 15, Patience = 20000; // ms
@@ -214,6 +219,31 @@ Outcome Press(const QString &name, Qt::MouseButton mouse = Qt::LeftButton) {
   return Flag(ClickEntry(*entry));
 }
 
+// At a place of the drawing, to the last bit: the window system's whole pixels would make other numbers.
+void MouseInDrawing(const Player &player, QEvent::Type what, Qt::MouseButton button, Qt::MouseButtons held,
+                    double x, double y) {
+  QWidget &panel = *FindIn<QWidget>("DrawPanel");
+  const QPointF at = FitView(player.Bench.Out.Panel, panel.size()).ToPixels(x, y);
+  QMouseEvent event(what, at, panel.mapToGlobal(at), button, held, {});
+  QApplication::sendEvent(&panel, &event);
+}
+
+bool Covered(const Player &player, double x, double y) {
+  QWidget &panel = *FindIn<QWidget>("DrawPanel");
+  const QPointF at = FitView(player.Bench.Out.Panel, panel.size()).ToPixels(x, y);
+  return panel.window()->childAt(panel.mapTo(panel.window(), at.toPoint())) != &panel;
+}
+
+void ClickInDrawing(const Player &player, Qt::MouseButton button, const QList<double> &at) {
+  const auto mouse = [&](QEvent::Type what, Qt::MouseButton b, Qt::MouseButtons held, qsizetype i) {
+    MouseInDrawing(player, what, b, held, at[i], at[i + 1]);
+  };
+  mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, 0);
+  mouse(QEvent::MouseButtonPress, button, button, 0);
+  if (at.size() > 2) mouse(QEvent::MouseMove, Qt::NoButton, button, 2);
+  mouse(QEvent::MouseButtonRelease, button, Qt::NoButton, at.size() - 2);
+}
+
 Outcome TypeText(const QString &name, const QString &value) {
   auto *field = FindIn<QLineEdit>(name);
   if (!field || !field->isVisible()) return {Step::Later, "not there"};
@@ -236,10 +266,38 @@ Outcome State(const QString &verb, const QString &name) {
   return Flag((widget ? widget->isVisible() : entry->isVisible()) == (verb == "visible"));
 }
 
-Outcome Perform(const QString &line) {
+// The lines of drafting scripts.
+std::optional<Outcome> Draft(const Player &player, const QStringList &word) {
+  const QString &verb = word[0], name = word.value(1);
+  if (verb == "cmd") {
+    const std::string_view tool = RowOf(HotKeyControl(name.toInt())).Name;
+    return Press(QString::fromUtf8(tool.data(), static_cast<qsizetype>(tool.size())));
+  }
+  if (verb == "click" || verb == "back" || verb == "drag") {
+    if (QApplication::activeModalWidget()) return Outcome{Step::Later, "a dialog is open"};
+    QList<double> at;
+    for (const QString &number : word.mid(1)) at += number.toDouble();
+    if (at.size() < 2 || at.size() % 2) return Outcome{Step::Wrong, "no place"};
+    if (Covered(player, at[0], at[1])) return Outcome{Step::Later, "something else lies there"};
+    ClickInDrawing(player, verb == "back" ? Qt::RightButton : Qt::LeftButton, at);
+    return Outcome{};
+  }
+  if (verb == "answer") {
+    const Outcome typed = TypeText("Question_Value", name);
+    if (typed.What == Step::Done) QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
+    return typed;
+  }
+  if (verb == "type") return TypeText(name, word.value(2));
+  if (verb != "expect" || name != "count") return std::nullopt;
+  const int count = player.Bench.Grain.Table.EntCount + 1;
+  return Compare(word.value(2), QString::number(count));
+}
+
+Outcome Perform(const Player &player, const QString &line) {
   const QStringList word = line.split(' ');
+  if (const auto drafted = Draft(player, word)) return *drafted;
   const QString verb = word[0], name = word.value(1), rest = line.section(' ', 2);
-  if (verb == "press") return Press(name);
+  if (verb == "press") return Press(line.section(' ', 1));
   if (verb == "ask") return Press(name, Qt::RightButton);
   if (verb == "text") return TypeText(name, rest);
   if (verb == "file") return NameFile(line.section(' ', 1));
@@ -298,7 +356,7 @@ void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t lin
   QTimer::singleShot(Beat, &player.Life, [&player, fresh, line, later] {
     if (!*later) Tick(player, fresh, line + 1);
   });
-  const Outcome outcome = Perform(player.Line[line]);
+  const Outcome outcome = Perform(player, player.Line[line]);
   if (outcome.What == Step::Done) return;
   *later = true;
   player.Next = line;

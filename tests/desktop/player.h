@@ -6,10 +6,12 @@
 
 class QApplication;
 class QWidget;
+struct Workbench;
 
 // Plays script lines on the running windows as mouse and key events of the window system; a line waits until
 // what it names is there. Widgets are found by object name, in the foremost modal window first.
 //   press NAME             a click on a button, or through the menu bar on an entry
+//   ask NAME               the same with the right button
 //   text NAME VALUE        clicks a field and types over what it holds
 //   key SEQUENCE           to the window in front: Return, Escape, Ctrl+S ...
 //   move|down|up NAME X Y [BUTTON]   X, Y: shares of the widget's width and height from its top left
@@ -22,9 +24,12 @@ class QWidget;
 //   whole NAME             no text in it is cut, and it fits the screen
 //   shows NAME TEXT        the widget's text, or the window's title
 //   checked|unchecked|visible|hidden|enabled|disabled NAME
+//   cmd N, click X Y, back X Y, drag X1 Y1 X2 Y2, answer TEXT, type FIELD TEXT, expect count N
+//                          as in drafting scripts, in mm
 //   keep NAME, changed NAME, same NAME   the widget's picture, and a comparison with the one kept
 struct Player {
   QApplication &App;
+  const Workbench &Bench;
   std::vector<QString> Line;
   std::size_t Next = 0;
   std::string Fault;
