@@ -22,9 +22,8 @@ TEST_F(Journey, FiveKeysSkipTheDialog) {
           expect text Ends_Exposed_Label End A: Yes    End B: No
           expect text frmMain Morvandel -
           expect visible Empty_Hint
-          expect disabled Empty_Circle
           expect hidden MyChart1_Frame
-          expect disabled mnuEditUndo)");
+          expect disabled Empty_Template)");
 }
 
 TEST_F(Journey, DimensionsDialogByKeyboard) {
