@@ -11,7 +11,8 @@
 
 namespace {
 QWidget *BuildGrain(Bindings &bindings) {
-  auto *group = Bind(bindings, Ctl::Motor_Dimensions, new QWidget);
+  auto *group = new QWidget;
+  group->setObjectName("Motor_Dimensions"); // there is room for it beside any running tool
   auto *column = new QVBoxLayout(group);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(12);

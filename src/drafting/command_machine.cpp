@@ -148,6 +148,7 @@ void StartCommand(Drafting &d, const CommandRow &row) {
   d.Out.Focus = Ctl::DrawPanel;
   SetPrompt(d);
   RedrawPanel(d);
+  RefreshDrafting(d); // a question at the start stands over a screen that is true
   if (row.Start && !row.Start(d)) {
     d.Answers.clear();
     return LeaveCommand(d);

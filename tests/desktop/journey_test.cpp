@@ -342,6 +342,7 @@ TEST(Desktop, DrawsByDialogsFramesFieldsAndSelection) {
                              "key Escape",
                              "press mnuGrid",
                              "text GridSpacing 2.5",
+                             "shows GridSpacing 2.5",
                              "press DisplayGrid",
                              "press Dashed_Line",
                              "checked Dashed_Line",
@@ -355,11 +356,6 @@ TEST(Desktop, DrawsByDialogsFramesFieldsAndSelection) {
   EXPECT_EQ(saved.Doc.GridSpacing, 2.5F);
   EXPECT_EQ(saved.Doc.GridLineType, 1);
   const EntityTable &table = saved.Table;
-  for (int i = 0; i <= table.EntCount; ++i) {
-    const Entity &e = RowAt(table, i);
-    printf("%d %g %g %g %g  c %g %g r %g\n", (int)e.EntType, e.X1, e.Y1, e.X2, e.Y2, e.CenterX, e.CenterY,
-           e.Radius);
-  }
   ASSERT_EQ(table.EntCount, 8);
   int lines = 0, fillets = 0, circles = 0;
   double length = 0;

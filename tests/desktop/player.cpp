@@ -244,13 +244,15 @@ void ClickInDrawing(const Player &player, Qt::MouseButton button, const QList<do
   mouse(QEvent::MouseButtonRelease, button, Qt::NoButton, at.size() - 2);
 }
 
-Outcome TypeText(const QString &name, const QString &value) {
+Outcome TypeText(Player &player, const QString &name, const QString &value) {
   auto *field = FindIn<QLineEdit>(name);
   if (!field || !field->isVisible()) return {Step::Later, "not there"};
   Click(*field, field->rect().center());
   QWindow *window = field->window()->windowHandle();
+  player.Typing = true; // the events let through between two letters play no other line
   QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
   TypeKeys(window, value);
+  player.Typing = false;
   return {};
 }
 
@@ -267,7 +269,7 @@ Outcome State(const QString &verb, const QString &name) {
 }
 
 // The lines of drafting scripts.
-std::optional<Outcome> Draft(const Player &player, const QStringList &word) {
+std::optional<Outcome> Draft(Player &player, const QStringList &word) {
   const QString &verb = word[0], name = word.value(1);
   if (verb == "cmd") {
     const std::string_view tool = RowOf(HotKeyControl(name.toInt())).Name;
@@ -283,23 +285,23 @@ std::optional<Outcome> Draft(const Player &player, const QStringList &word) {
     return Outcome{};
   }
   if (verb == "answer") {
-    const Outcome typed = TypeText("Question_Value", name);
+    const Outcome typed = TypeText(player, "Question_Value", name);
     if (typed.What == Step::Done) QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
     return typed;
   }
-  if (verb == "type") return TypeText(name, word.value(2));
+  if (verb == "type") return TypeText(player, name, word.value(2));
   if (verb != "expect" || name != "count") return std::nullopt;
   const int count = player.Bench.Grain.Table.EntCount + 1;
   return Compare(word.value(2), QString::number(count));
 }
 
-Outcome Perform(const Player &player, const QString &line) {
+Outcome Perform(Player &player, const QString &line) {
   const QStringList word = line.split(' ');
   if (const auto drafted = Draft(player, word)) return *drafted;
   const QString verb = word[0], name = word.value(1), rest = line.section(' ', 2);
   if (verb == "press") return Press(line.section(' ', 1));
   if (verb == "ask") return Press(name, Qt::RightButton);
-  if (verb == "text") return TypeText(name, rest);
+  if (verb == "text") return TypeText(player, name, rest);
   if (verb == "file") return NameFile(line.section(' ', 1));
   if (verb == "box") return AnswerBox(name, rest);
   if (QStringList{"checked", "unchecked", "visible", "hidden", "enabled", "disabled"}.contains(verb))
@@ -348,6 +350,10 @@ void CloseAll(Player &player) {
 // lines.
 void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t line) {
   if (line < player.Next || !player.Fault.empty()) return;
+  if (player.Typing) {
+    QTimer::singleShot(Beat, &player.Life, [&player, waited, line] { Tick(player, waited, line); });
+    return;
+  }
   if (line >= player.Line.size()) return CloseAll(player);
   player.Next = line + 1;
   auto fresh = std::make_shared<QElapsedTimer>();

@@ -33,6 +33,7 @@ struct Player {
   std::vector<QString> Line;
   std::size_t Next = 0;
   std::string Fault;
+  bool Typing = false;
   QObject Life{nullptr}; // the beats still due end with it
 };
 void Play(
