@@ -4,7 +4,6 @@
 #include "drafting/commit.h"
 #include "drafting/point_modes.h"
 #include "drafting/report.h"
-#include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
 #include "drafting/transform_rows.h"
 #include "drafting/transforms.h"
@@ -84,7 +83,6 @@ void TakeCorner(Drafting &d, Point at) {
   SetWindow(d.Select, {d.Cmd.AnchorX, d.Cmd.AnchorY}, at);
   for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
     if (AnyEndInside(RowAt(d.Grain.Table, i), d.Select)) MarkRow(d, i);
-  if (!TransformationQuery(d)) return LeaveCommand(d);
   d.Cmd.WindowSelect = false;
   d.Cmd.BackPos = static_cast<std::int16_t>(d.Cmd.BackDepth - 1); // Back returns to the first corner
   d.Out[Ctl::Movement_Frame].Visible = true;

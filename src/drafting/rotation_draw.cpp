@@ -80,7 +80,8 @@ bool TransformationQuery(Drafting &d) {
   Extents all;
   for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
     if (const Entity &e = RowAt(d.Grain.Table, i); e.Selected) TakeRow(all, e);
-  if (!(all.Left < 0 && all.Right > 0 && all.Bottom < 0 && all.Top > 0)) return true;
+  const double past = d.Grain.Doc.JoinTolerance; // rows that end on an axis do not go around the centre
+  if (!(all.Left < -past && all.Right > past && all.Bottom < -past && all.Top > past)) return true;
   const std::string text = "Caution: You may have selected entites *AROUND* the grain center whilst\n"
                            "the 'Rotation Draw' function is active. This will perform the chosen\n"
                            "transformation function " +

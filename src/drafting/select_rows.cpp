@@ -67,8 +67,8 @@ std::vector<TurnedIndex> SelectedRows(const Drafting &d, bool images) {
   std::bitset<301> taken;
   for (const TurnedIndex &row : rows) taken.set(static_cast<std::size_t>(row.Index));
   const std::size_t picked = rows.size();
-  for (int k = 1; k < d.Rotation.RotationCount; ++k)
-    for (std::size_t i = 0; i < picked; ++i) {
+  for (std::size_t i = 0; i < picked; ++i)
+    for (int k = 1; k < d.Rotation.RotationCount; ++k) {
       const int image = ImageOf(table, RowAt(table, rows[i].Index), k * d.Rotation.RotationPitch,
                                 d.Grain.Doc.JoinTolerance);
       if (image < 0 || taken[static_cast<std::size_t>(image)]) continue;

@@ -31,7 +31,8 @@ void SetWindow(SelectionValues &, Point corner, Point opposite); // in any order
 void MarkWindow(Drafting &, Point corner, Point opposite);       // further rows; none is unmarked
 void ShowWindow(Drafting &, Point corner, Point opposite);       // into Overlay
 
-// The marked rows (Turn 0) and, with images, the rows that are theirs turned by Turn pitches; each row once.
+// The marked rows (Turn 0) and, with images, the rows that are theirs turned by Turn pitches; each row once,
+// by the first picked row it is an image of.
 struct TurnedIndex {
   int Index = -1, Turn = 0;
 };
