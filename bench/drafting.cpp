@@ -1,4 +1,5 @@
 // One event through Dispatch with 300 entities on the drawing: what a person waits for.
+#include "base/whole_file.h"
 #include "drafting/command_table.h"
 #include "geometry/find_entity.h"
 #include "platform/scripted_screen.h"
