@@ -168,7 +168,9 @@ void MenuDimensions(Workbench &bench) {
         bench.Out.Ask({"Scale Core Entities with Grain Diameter?", "", Buttons::YesNo, Icon::None}) ==
             Answer::Yes) {
       const double factor = grain.Doc.GrainDiam / bench.Dialog.DiameterBefore;
+      const EntityTable table = grain.Table;
       if (ScaleEntities(grain.Table, factor)) {
+        TakeSnapshot(bench.Draft.Ring, table, grain.MacroMode);
         for (int i = 0; i <= grain.Table.EntCount; ++i) RowAt(grain.Table, i).Selected = false;
         grain.Defaults.ScaleFactorDefault = factor;
       } else {
