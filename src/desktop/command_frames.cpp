@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -16,7 +17,13 @@ protected:
   void paintEvent(QPaintEvent *) override {
     const auto buttons = findChildren<QRadioButton *>();
     if (buttons.size() < 2) return;
-    const QRectF box(buttons.first()->geometry().center(), buttons.last()->geometry().center());
+    const auto point = [](const QRadioButton &button) {
+      QStyleOptionButton option;
+      option.initFrom(&button);
+      const QRect dot = button.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &button);
+      return QRectF(dot.translated(button.pos())).center();
+    };
+    const QRectF box(point(*buttons.first()), point(*buttons.last()));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Dark), 1.5));
@@ -51,7 +58,7 @@ QPushButton *Choice(Bindings &bindings, Ctl control) {
 }
 
 void AddOptions(Bindings &bindings, QVBoxLayout &column, std::initializer_list<Ctl> options) {
-  for (const Ctl control : options) column.addWidget(Option(bindings, control));
+  for (const Ctl control : options) column.addWidget(Option(bindings, control), 0, Qt::AlignLeft);
 }
 
 void AddButtons(Bindings &bindings, QVBoxLayout &column, std::initializer_list<Ctl> buttons) {

@@ -94,7 +94,7 @@ FormDialog *MakeGridControl(Sender send, QWidget *parent) {
   for (const Ctl control : {Ctl::Grid_Display, Ctl::Grid_Snap}) {
     auto *box = new QCheckBox;
     BindButton(bindings, control, box);
-    left->addWidget(box);
+    left->addWidget(box, 0, Qt::AlignLeft);
   }
   left->addSpacing(8);
   left->addWidget(Bind(bindings, Ctl::Grid_Line_Type, Head({})));
@@ -102,7 +102,7 @@ FormDialog *MakeGridControl(Sender send, QWidget *parent) {
   styles->setSpacing(4);
   int place = 0;
   for (const Ctl control : {Ctl::SolidLine, Ctl::Dashed_Line, Ctl::Dotted_Line, Ctl::Dots}) {
-    styles->addWidget(Option(bindings, control), place / 2, place % 2);
+    styles->addWidget(Option(bindings, control), place / 2, place % 2, Qt::AlignLeft);
     ++place;
   }
   left->addLayout(styles);

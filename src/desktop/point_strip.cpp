@@ -44,6 +44,8 @@ QWidget *PointStrip::BuildModes(Bindings &bindings) {
         bindings, control, "tools/" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     mode->setFont(TypeFont(Type::Small));
     mode->setIconSize(QSize(20, 20));
+    mode->setProperty("small", true);
+    mode->setMinimumWidth(ModeHeight);
     mode->setFixedHeight(ModeHeight);
     row->addWidget(mode);
     Mode.push_back(mode);
@@ -73,7 +75,7 @@ void PointStrip::Arrange() {
   const int fields = 2 * (base.horizontalAdvance("Step deg") + base.horizontalAdvance("-0000.000") + 36);
   int icons = fields + 11, labels = 0;
   for (const QToolButton *mode : Mode) {
-    icons += mode->iconSize().width() + 12;
+    icons += std::max(ModeHeight, mode->iconSize().width() + 12);
     labels += words.horizontalAdvance(mode->text()) + 6;
   }
   const int room = width() - Row->contentsMargins().left() - Row->contentsMargins().right() - Row->spacing();

@@ -47,6 +47,7 @@ QMenu::indicator:checked { image: url(:/icons/@Ticks/tick.svg); }
 QToolBar { background: @Window; border: none; border-bottom: 1px solid @Hairline; padding: 5px 8px; spacing: 2px; }
 QToolBar::separator { width: 1px; background: @Hairline; margin: 6px 7px; }
 QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px; background: transparent; }
+QToolButton[small="true"] { padding: 1px; }
 QToolButton:hover:enabled { background: @Hover; }
 QToolButton:pressed, QToolButton:checked { background: @Pressed; }
 QToolButton[lit="1"] { background: @Lit; border-color: @Accent; }

@@ -45,6 +45,7 @@ void AddTools(QGridLayout &grid, const std::vector<QToolButton *> &tools) {
 
 QToolButton *SmallTool(Bindings &bindings, Ctl control, const QString &icon) {
   QToolButton *tool = ToolButton(bindings, control, icon);
+  tool->setProperty("small", true);
   tool->setFixedSize(Side, Side);
   return tool;
 }
@@ -54,6 +55,7 @@ QToolButton *DrawingTool(Bindings &bindings, Ctl control) {
   const QString own = "tools/" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
   if (control != Ctl::RotateDraw) return SmallTool(bindings, control, own);
   QToolButton *tool = ToolButton(bindings, control, "rotation");
+  tool->setProperty("small", true);
   tool->setFixedHeight(Side);
   tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon); // its words hold the number of rotations
   tool->setFont(TypeFont(Type::Small));
