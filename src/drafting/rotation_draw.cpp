@@ -97,6 +97,6 @@ void RefreshRotation(Drafting &d) {
   const bool on = d.Rotation.Active;
   Control &draw = d.Out[Ctl::RotateDraw];
   draw.Text = "R=" + std::to_string(on ? d.Rotation.RotationCount : 1);
-  draw.Colour = on ? 255 : 0;
+  draw.Colour = d.Out[Ctl::tbRotationDraw].Colour = on ? 255 : 0;
   d.Out[Ctl::DeactivateRDraw].Enabled = on;
 }
