@@ -3,19 +3,23 @@
 #include "drafting/back_store.h"
 #include "drafting/commit.h"
 #include "drafting/creation.h"
+#include "drafting/hints.h"
+#include "drafting/hot_keys.h"
 #include "drafting/point_modes.h"
 #include "drafting/prompt.h"
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
 #include "drafting/transforms.h"
+#include "drafting/typing.h"
 #include "drafting/zoom_window.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr int LeftButton = 1, RightButton = 2, ZoomCommand = 80, StringOfLines = 2, PlayingMode = 2;
+constexpr int LeftButton = 1, RightButton = 2, AltKey = 4, ZoomCommand = 80, StringOfLines = 2,
+              PlayingMode = 2;
 constexpr double SamePlace = 0.0001; // mm
 constexpr int NarrowFrame = 930, WideFrame = 1350;
 constexpr std::uint32_t RunningColour = 255;
@@ -83,8 +87,18 @@ void GenericClick(Drafting &d, const CommandRow &row, Point at) {
     RestartCommand(d);
 }
 
-// One click of the running command. What fails leaves everything as it was before the click.
-void Click(Drafting &d, Point at) {
+void TakePointer(Drafting &d, const Event &event) {
+  d.Pointer = {event.X, event.Y};
+  d.NoSnap = (event.Shift & AltKey) != 0;
+}
+
+double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) / 100; }
+
+bool WantsCorner(const Drafting &d) { return d.Cmd.WindowSelect || d.Cmd.CmdNo == ZoomCommand; }
+} // namespace
+
+// What fails leaves everything as it was before the click.
+void ClickHeld(Drafting &d, Point at) {
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
   if (!row) return;
   d.Grain.GeomAbort = false;
@@ -109,11 +123,6 @@ void Click(Drafting &d, Point at) {
   SetPrompt(d);
   RedrawPanel(d);
 }
-
-double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) / 100; }
-
-bool WantsCorner(const Drafting &d) { return d.Cmd.WindowSelect || d.Cmd.CmdNo == ZoomCommand; }
-} // namespace
 
 void RestartCommand(Drafting &d) {
   static_cast<StepState &>(d.Cmd) = StepState{};
@@ -140,7 +149,7 @@ void StartCommand(Drafting &d, const CommandRow &row) {
   else
     LeaveCommand(d);
   d.Grain.GeomAbort = false;
-  d.Cmd.CmdNo = row.CmdNo;
+  d.Cmd.CmdNo = d.LastTool = row.CmdNo;
   d.Cmd.BackDepth = d.Cmd.BackPos = row.BackDepth;
   if (d.Cmd.RefType == 0) d.Cmd.RefType = CursorRef;
   ShowFrames(d, row);
@@ -190,9 +199,11 @@ void Escape(Drafting &d) {
 
 void MouseDown(Drafting &d, const Event &event) {
   d.Grain.GeomAbort = false;
+  d.TypingAtPointer = false;
   d.Cmd.ClickX = event.X;
   d.Cmd.ClickY = event.Y;
-  const Point at{event.X, event.Y};
+  TakePointer(d, event);
+  const Point at = d.Pointer;
   const bool listed = d.Out[Ctl::HotKeyList].Visible;
   d.Out[Ctl::HotKeyList].Visible = false;
   if (event.Button == RightButton) return Back(d, RightButton);
@@ -208,16 +219,22 @@ void MouseDown(Drafting &d, const Event &event) {
   if (d.Cmd.CmdNo == StringOfLines && d.Cmd.PointCount >= 0 && d.Cmd.RefType == CursorRef &&
       !d.Cmd.DeltaPending && std::hypot(held.X - last.X, held.Y - last.Y) < SamePlace)
     return; // a double click adds no line
-  Click(d, held);
+  ClickHeld(d, held);
 }
 
-void MouseMove(Drafting &d, Point at) {
+void MouseMove(Drafting &d, const Event &event) {
+  TakePointer(d, event);
+  ShowPointer(d);
+}
+
+void ShowPointer(Drafting &d) {
+  const Point at = d.Pointer;
   d.Out.Panel.Overlay.clear();
   if (d.Cmd.CmdNo == 0) return IdleMove(d, at);
   if (!d.Out[Ctl::DrawPanel].Enabled) return;
-  TrackPointer(d, at);
+  const Point held = TrackPointer(d, at);
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
-  if (row && row->Preview) row->Preview(d, HeldPosition(d, at));
+  if (row && row->Preview) row->Preview(d, held);
 }
 
 void MouseUp(Drafting &d, const Event &event) {
@@ -229,17 +246,27 @@ void MouseUp(Drafting &d, const Event &event) {
     return RedrawPanel(d);
   }
   const bool dragged = std::hypot(event.X - d.Cmd.ClickX, event.Y - d.Cmd.ClickY) > CaptureDistance(d);
-  if (dragged && WantsCorner(d) && d.Out[Ctl::DrawPanel].Enabled) Click(d, at);
+  if (dragged && WantsCorner(d) && d.Out[Ctl::DrawPanel].Enabled) ClickHeld(d, at);
 }
 
 void ClickAt(Drafting &d, Point at) {
   d.Cmd.ClickX = at.X;
   d.Cmd.ClickY = at.Y;
-  Click(d, at);
+  ClickHeld(d, at);
 }
+
+namespace {
+// A key that is bound starts what it is bound to, and no more.
+bool StartsAgain(const Drafting &d, const Event &event) {
+  constexpr int enter = 13, space = 32;
+  return d.Cmd.CmdNo == 0 && (event.KeyCode == enter || event.KeyCode == space) && event.Shift == 0 &&
+         FindCommand(d.LastTool) && !HotKeyPressed(d, event.KeyCode, event.Shift);
+}
+} // namespace
 
 void PanelKey(Drafting &d, const Event &event) {
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (StartsAgain(d, event)) return StartCommand(d, *FindCommand(d.LastTool));
   switch (event.KeyCode) {
   case 13:
     d.Grain.GeomAbort = false;
@@ -315,4 +342,6 @@ void RefreshDrafting(Drafting &d) {
   RefreshCreation(d);
   RefreshRotation(d);
   RefreshSelection(d);
+  RefreshTyping(d);
+  RefreshHints(d);
 }

@@ -11,10 +11,13 @@ void Back(Drafting &, int button);
 void Escape(Drafting &);
 
 void MouseDown(Drafting &, const Event &);
-void MouseMove(Drafting &, Point);
+void MouseMove(Drafting &, const Event &);
+void ShowPointer(Drafting &); // what follows the pointer, anew where it is
 void MouseUp(Drafting &, const Event &);
 // A position that did not come from the pointer (typed): no grid snap, no tracker.
 void ClickAt(Drafting &, Point);
+// At the position where the pointer, which is at ClickX, ClickY, is held.
+void ClickHeld(Drafting &, Point);
 
 void PanelKey(Drafting &, const Event &);      // Enter, Delete, Tab, Escape on DrawPanel
 bool PressDrafting(Drafting &, const Event &); // tools, frames, lists, modes; false: not ours

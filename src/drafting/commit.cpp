@@ -1,6 +1,7 @@
 #include "drafting/commit.h"
 
 #include "drafting/ask_question.h"
+#include "drafting/command_table.h"
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/view.h"
@@ -50,7 +51,7 @@ void MarkRow(Drafting &d, int index) {
   ++d.Out.Panel.FlashNo;
 }
 
-bool Apply(Drafting &d, const Solution &solution) {
+bool Apply(Drafting &d, const Solution &solution, std::string_view name) {
   Design &grain = d.Grain;
   if (solution.Solved() && !AllDrawable(solution)) {
     Report(d, "ERROR: No Solution Found", "ERROR", Icon::Stop);
@@ -61,7 +62,9 @@ bool Apply(Drafting &d, const Solution &solution) {
     Report(d, failure);
     return false;
   }
-  TakeSnapshot(d.Ring, before, grain.MacroMode);
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (name.empty()) name = row ? RowOf(row->Button).Text : "Delete"; // idle, a key deletes
+  TakeSnapshot(d.Ring, before, grain.MacroMode, name);
   ++d.Changes;
   ClearMarks(d);
   grain.SavedFlag = false;

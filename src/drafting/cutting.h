@@ -20,5 +20,3 @@ void ClickSection(Drafting &, Point);      // 69
 void BackFillet(Drafting &);                 // 55, 56: at depth the radius is asked again
 void BackTypedRadius(Drafting &);            // 26, 36: a radius typed is forgotten
 void TypedTangentRadius(Drafting &, double); // 26, 36
-
-void PreviewSection(Drafting &, Point);

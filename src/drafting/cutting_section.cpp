@@ -32,18 +32,3 @@ void ClickSection(Drafting &d, Point at) {
   LogInput(d, LogFoundEnt, section.Cut.Index, at.X, at.Y);
   RestartCommand(d);
 }
-
-void PreviewSection(Drafting &d, Point at) {
-  const Section section = SectionAt(d, at);
-  if (!section.Found) return;
-  const Entity &piece = section.Piece;
-  DrawItem item;
-  item.Role = Ink::WillGo;
-  if (piece.EntType == LineType) {
-    item.At = {piece.X1, piece.Y1, piece.X2, piece.Y2};
-  } else {
-    item.What = piece.EntType == CircleType ? DrawItem::Kind::Circle : DrawItem::Kind::Arc;
-    item.At = {piece.CenterX, piece.CenterY, piece.Radius, piece.StartAngle, piece.EndAngle};
-  }
-  d.Out.Panel.Overlay.push_back(item);
-}

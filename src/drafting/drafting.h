@@ -9,6 +9,7 @@
 #include <bitset>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -120,6 +121,8 @@ struct HotKey {
   std::int16_t Key = 0, Shift = 0;
 };
 
+struct ClickShadow; // drafting/click_preview
+
 struct Drafting {
   Design &Grain;
   Screen &Out;
@@ -140,6 +143,11 @@ struct Drafting {
   InstructionLog Log{};
   std::vector<AnswerGiven> Answers{};
   std::function<void()> KeepWork{}; // writes the recovery file
+  Point Pointer{};                  // of the last move or press over the panel, mm
+  bool NoSnap = false;              // Alt was held then: neither grid nor tracker
+  bool TypingAtPointer = false;     // X_Input was opened by a key on the drawing
+  std::int16_t LastTool = 0;        // the command started last, 0 for none
+  std::shared_ptr<ClickShadow> Shadow{};
 };
 
 inline Point LastPoint(const CommandState &c) {

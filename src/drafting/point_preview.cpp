@@ -2,6 +2,7 @@
 
 #include "drafting/command_table.h"
 #include "drafting/creation_shapes.h"
+#include "drafting/pointer_notes.h"
 #include "drafting/rotation_draw.h"
 
 namespace {
@@ -15,6 +16,15 @@ void ShowWindow(Drafting &d, Point a, Point b) {
   Show(d, MakeLine(b.X, a.Y, b.X, b.Y), Ink::Guide);
   Show(d, MakeLine(b.X, b.Y, a.X, b.Y), Ink::Guide);
   Show(d, MakeLine(a.X, b.Y, a.X, a.Y), Ink::Guide);
+}
+bool IsBox(int cmdNo) { return cmdNo == 51 || cmdNo == 52; }
+
+std::string Reading(const Drafting &d, const Solution &shape, Point last, Point at) {
+  const std::vector<Entity> &rows = shape.Added;
+  if (!shape.Solved() || rows.empty()) return RowReading(MakeLine(last.X, last.Y, at.X, at.Y));
+  if (IsBox(d.Cmd.CmdNo)) return SizeText(GetLineLength(rows[0]), GetLineLength(rows[1]));
+  if (d.Cmd.CmdNo == 53) return "R " + LengthText(d.Tool.PolyRadius);
+  return RowReading(rows[0]);
 }
 } // namespace
 
@@ -41,6 +51,7 @@ void PreviewPoints(Drafting &d, Point at) {
   for (int i = 0; i <= d.Cmd.PointCount; ++i) points.push_back(PointAt(d.Cmd, i));
   points.push_back(at);
   const Solution shape = ShapeOf(d, points);
+  if (anchored || !shape.Added.empty()) ShowReading(d, at, Reading(d, shape, last, at));
   if (!shape.Solved() || shape.Added.empty()) {
     if (anchored) Show(d, MakeLine(last.X, last.Y, at.X, at.Y), Ink::Guide);
     return;

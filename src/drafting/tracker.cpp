@@ -4,6 +4,7 @@
 #include "drafting/command_table.h"
 #include "drafting/point_fields.h"
 #include "drafting/point_preview.h"
+#include "drafting/pointer_notes.h"
 #include "geometry/carrier.h"
 
 #include <cmath>
@@ -15,8 +16,8 @@ constexpr std::uint8_t Dotted = 2;
 double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) / 100; }
 
 bool InForce(const Drafting &d) {
-  return d.Track.AutoPoint && d.Cmd.RefType == CursorRef && d.Cmd.CmdNo != 0 && d.Cmd.CmdNo != ZoomCommand &&
-         !d.Cmd.WindowSelect && !d.Log.On;
+  return d.Track.AutoPoint && !d.NoSnap && d.Cmd.RefType == CursorRef && d.Cmd.CmdNo != 0 &&
+         d.Cmd.CmdNo != ZoomCommand && !d.Cmd.WindowSelect && !d.Log.On;
 }
 
 // Guides 0 and 1 hold X and Y of the last point, 2 and 3 of the end passed over. None beside the very point.
@@ -50,7 +51,7 @@ Point Hold(Drafting &d, Point pointer) {
   t.Guide = {};
   const bool typed = (d.Cmd.KeyInX || d.Cmd.KeyInY) && FieldsOf(d) != FieldUse::Value;
   Point at = pointer;
-  if (doc.SnapToGrid == 1 && d.Cmd.CmdNo != ZoomCommand && !d.Cmd.WindowSelect) {
+  if (doc.SnapToGrid == 1 && !d.NoSnap && d.Cmd.CmdNo != ZoomCommand && !d.Cmd.WindowSelect) {
     const double spacing = static_cast<double>(doc.GridSpacing);
     at = {GridSnap(at.X, spacing), GridSnap(at.Y, spacing)};
   }
@@ -89,18 +90,14 @@ void ShowGuide(Drafting &d, Point from, Point to) {
 }
 } // namespace
 
-void TrackPointer(Drafting &d, Point pointer) {
+Point TrackPointer(Drafting &d, Point pointer) {
   const Point at = Hold(d, pointer);
   const Tracker &t = d.Track;
   if (d.Cmd.CrossingFirst.Found) d.Out.Panel.Overlay.push_back(RowItem(d.Cmd.CrossingFirst.Row, Ink::Picked));
   for (std::size_t i = 0; i < t.Guide.size(); ++i)
     if (t.Guide[i]) ShowGuide(d, i < 2 ? LastPoint(d.Cmd) : *t.Passed, at);
-  if (!t.Target.SnapActive) return;
-  DrawItem mark;
-  mark.What = DrawItem::Kind::Mark;
-  mark.Role = Ink::Guide;
-  mark.At = {at.X, at.Y, CaptureDistance(d)};
-  d.Out.Panel.Overlay.push_back(mark);
+  ShowSnap(d, at);
+  return at;
 }
 
 Point HeldPosition(Drafting &d, Point clicked) { return Hold(d, clicked); }

@@ -146,6 +146,13 @@ void ResizePanel(DrawSurface &s, double pixelWidth, double pixelHeight) {
   SetWindow(s, CentreOf(s), HalfOf(s));
 }
 
+void FoldArcAngles(EntityTable &table) {
+  for (int i = 0; i <= table.EntCount; ++i)
+    if (Entity &e = RowAt(table, i); e.EntType == ArcType)
+      for (double *angle : {&e.StartAngle, &e.EndAngle})
+        if (*angle > TwoPi) *angle -= TwoPi;
+}
+
 bool HasOwnColours(const GrainDoc &doc) {
   // A colour has gone through seven digits when it comes from a file.
   const GrainDoc builtIn;
@@ -169,11 +176,9 @@ void Redraw(DrawSurface &s, Design &design, std::span<const Point> marks) {
   s.ContourFrom = s.ContourTo = 0;
   if (doc.DisplayGrid == 1) AddGrid(s, doc, own);
   if (doc.GrainDiam > 0) Add(s, line, Ink::GrainCircle, DrawItem::Kind::Circle, {0, 0, doc.GrainDiam / 2});
+  FoldArcAngles(design.Table);
   for (int i = 0; i <= design.Table.EntCount; ++i) {
-    Entity &e = RowAt(design.Table, i);
-    if (e.EntType == ArcType)
-      for (double *angle : {&e.StartAngle, &e.EndAngle})
-        if (*angle > TwoPi) *angle -= TwoPi;
+    const Entity &e = RowAt(design.Table, i);
     AddEntity(s, e, e.Selected ? picked : line, e.Selected ? Ink::Picked : Ink::Geometry);
   }
   for (const Point &mark : marks)

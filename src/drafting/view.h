@@ -23,4 +23,6 @@ void ResizePanel(DrawSurface &, double pixelWidth, double pixelHeight); // centr
 // design's own colours are told as Ink::Own, with the ground, once one of them is not the built-in one.
 void Redraw(DrawSurface &, Design &, std::span<const Point> marks = {});
 
+void FoldArcAngles(EntityTable &); // those above 2*pi come back by one turn
+
 bool HasOwnColours(const GrainDoc &);

@@ -29,7 +29,7 @@ void PointerMoved(Workbench &bench, const Event &event) {
   bench.PointerX = event.X;
   bench.PointerY = event.Y;
   PointerStatus(bench);
-  if (!bench.Sim.ResultMode) MouseMove(bench.Draft, {event.X, event.Y});
+  if (!bench.Sim.ResultMode) MouseMove(bench.Draft, event);
 }
 
 // A place no panel shows: the event is a mistake of its sender.
@@ -52,6 +52,7 @@ void ShowWholeGrain(Workbench &bench) {
 
 void ClearResults(Workbench &bench) {
   bench.Sim = {};
+  ForgetLive(bench.Live);
   bench.Out.MyChart1 = bench.Out.MyChart2 = {};
   bench.Out.Panel.ContourFrom = bench.Out.Panel.ContourTo = 0;
 }

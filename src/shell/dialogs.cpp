@@ -170,7 +170,7 @@ void MenuDimensions(Workbench &bench) {
       const double factor = grain.Doc.GrainDiam / bench.Dialog.DiameterBefore;
       const EntityTable table = grain.Table;
       if (ScaleEntities(grain.Table, factor)) {
-        TakeSnapshot(bench.Draft.Ring, table, grain.MacroMode);
+        TakeSnapshot(bench.Draft.Ring, table, grain.MacroMode, "Scaling");
         for (int i = 0; i <= grain.Table.EntCount; ++i) RowAt(grain.Table, i).Selected = false;
         grain.Defaults.ScaleFactorDefault = factor;
       } else {

@@ -24,8 +24,12 @@ constexpr HintRow Hints[] = {
     {Ctl::Zoom_Reset, "Zoom to Grain: the whole grain circle"},
     {Ctl::Zoom_x2, "Zoom In x2: about the centre of the view"},
     {Ctl::Zoom_1h, "Zoom Out x1/2: about the centre of the view"},
+    {Ctl::mnuViewTools, "Tools Pane: the drawing tools left of the drawing"},
+    {Ctl::mnuViewReport, "Report Pane: the figures left of the contours"},
+    {Ctl::mnuViewSide, "Side Pane: the running tool and the grain, right of the drawing"},
     {Ctl::mnuRefresh, "Refresh: draws everything again"},
     {Ctl::mnuDims, "Dimensions: diameter, length, throat and burning ends of the grain"},
+    {Ctl::mnuLiveBurn, "Live Burn: the curve of the drawing at hand, beside it"},
     {Ctl::mnuDebugMode, "Debug Mode: shows more about faults"},
     {Ctl::mnuIntro, "Introduction: the first page again"},
     {Ctl::tbNew, "New: an empty grain of the same dimensions (Ctrl+N)"},
@@ -84,11 +88,27 @@ void RecoveryControls(Workbench &bench) {
       std::filesystem::path(bench.Recovered.CopyPath).filename().string() + ".";
 }
 
+// A frame that a running command waits for stands in the side pane.
+bool AsksInFrame(const Screen &out) {
+  for (const Ctl frame : {Ctl::XFormOption, Ctl::Delete_Mode, Ctl::Selection_Frame, Ctl::Window_Frame,
+                          Ctl::Mirror_Frame, Ctl::Movement_Frame, Ctl::BoxWH_Frame, Ctl::Poly_Frame})
+    if (out[frame].Visible) return true;
+  return false;
+}
+
 void ModeControls(Workbench &bench) {
   Screen &out = bench.Out;
   const bool results = bench.Sim.ResultMode;
   for (const Ctl c : ResultControls) out[c].Visible = results;
   for (const Ctl c : DesignControls) out[c].Visible = !results;
+  const auto kept = [&](Ctl entry, const char *name) {
+    return out[entry].Checked = GetSetting(bench.Settings, "Settings", name, "1") != "0";
+  };
+  const bool tools = kept(Ctl::mnuViewTools, "ToolsPane"), side = kept(Ctl::mnuViewSide, "SidePane");
+  const bool report = kept(Ctl::mnuViewReport, "ReportPane");
+  out[Ctl::Tools_Frame].Visible = !results && tools;
+  out[Ctl::Report_Frame].Visible = results && report;
+  out[Ctl::Side_Pane].Visible = !results && (side || AsksInFrame(out));
   out[Ctl::RunSim2].Enabled = out[Ctl::mnuDims].Enabled = !results;
   if (results)
     for (const Ctl c : {Ctl::RunSim2, Ctl::mnuDims}) out[c].Hint = "Go back to design mode first";
@@ -97,6 +117,7 @@ void ModeControls(Workbench &bench) {
   const bool wide1 = out.PixelWidth >= 768, wide2 = out.PixelWidth >= 1024 && !bench.Chart2Hidden;
   out[Ctl::MyChart1_Frame].Visible = results || (wide1 && !out.MyChart1.Series.empty());
   out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
+  out[Ctl::sbHints].Visible = !results;
   const bool empty = bench.Grain.Table.EntCount < 0 && !results && bench.Draft.Cmd.CmdNo == 0;
   for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
     out[c].Visible = empty;
@@ -109,6 +130,8 @@ void RefreshScreen(Workbench &bench) {
   out[Ctl::HotKeyPrompt].Visible = out[Ctl::HotKeyList].Visible;
   for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
   for (const ToolHint &row : ToolHints()) out[row.Target].Hint = row.Text;
+  NameHotKeys(out, bench.Draft.HotKeyTable);
+  out[Ctl::mnuRecord].Checked = bench.Record.On;
   for (const Ctl c : Unavailable) {
     out[c].Enabled = false;
     out[c].Hint = "Not available in this version";
@@ -123,4 +146,5 @@ void RefreshScreen(Workbench &bench) {
   RecentEntries(bench);
   RecoveryControls(bench);
   ModeControls(bench);
+  RefreshLive(bench);
 }

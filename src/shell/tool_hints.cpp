@@ -1,5 +1,7 @@
 #include "shell/tool_hints.h"
 
+#include "drafting/hot_keys.h"
+
 namespace {
 constexpr ToolHint Hints[] = {
     {Ctl::Sing_Line, "Line: two points, or one point and a typed length and angle"},
@@ -72,10 +74,6 @@ constexpr ToolHint Hints[] = {
     {Ctl::Delta, "Delta: the next point lies off the one given, by X and Y"},
     {Ctl::AutoPoint, "Auto: ends, centers and curves near the pointer are taken by themselves"},
     {Ctl::Zoom_Window, "Zoom Window: two corners; the running tool goes on after it"},
-    {Ctl::mnuEditUndo, "Undo: takes the last change back (Ctrl+Z)"},
-    {Ctl::mnuEditRedo, "Redo: the change taken back comes again (Ctrl+Y)"},
-    {Ctl::tbUndo, "Undo: takes the last change back (Ctrl+Z)"},
-    {Ctl::tbRedo, "Redo: the change taken back comes again (Ctrl+Y)"},
     {Ctl::tbBack, "Back: one step back in the running tool (right mouse button)"},
     {Ctl::tbEscape, "Escape: leaves the running tool (Esc)"},
     {Ctl::tbRotationDraw, "Rotation Draw: repeats whatever is drawn around the grain center"},
@@ -83,8 +81,24 @@ constexpr ToolHint Hints[] = {
     {Ctl::mnuOptions, "Options: the values that the tools offer first"},
     {Ctl::mnuGrid, "Grid & Snap: spacing, line type, snap and the drawing's colors"},
     {Ctl::mnuIncrements, "Sim Increment Display: burn steps from one contour to the next"},
+    {Ctl::mnuFindTool, "Find a Tool: by its name or by what it is called elsewhere (Ctrl+K)"},
+    {Ctl::mnuHelpTools, "Tools: what each of them does and how it is used (F1 on a tool)"},
+    {Ctl::mnuRecord, "Record: writes what you do into a script that does the same again"},
     {Ctl::Empty_Circle, "Starts the circle by center and edge"},
 };
 } // namespace
 
 std::span<const ToolHint> ToolHints() { return Hints; }
+
+void NameHotKeys(Screen &out, const std::array<HotKey, 101> &table) {
+  constexpr std::pair<int, Ctl> alike[] = {{97, Ctl::tbRotationDraw}, {99, Ctl::tbRefresh}};
+  for (int slot = 1; slot < static_cast<int>(table.size()); ++slot) {
+    const HotKey keys = table[static_cast<std::size_t>(slot)];
+    const Ctl tool = keys.Key == 0 ? Ctl::Count : HotKeyControl(slot);
+    if (tool == Ctl::Count) continue;
+    const std::string name = " (" + HotKeyText(keys) + ")";
+    out[tool].Hint += name;
+    for (const auto &[same, button] : alike)
+      if (same == slot) out[button].Hint += name;
+  }
+}

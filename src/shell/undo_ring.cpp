@@ -16,7 +16,7 @@ void Restore(UndoRing &ring, EntityTable &table) {
 
 } // namespace
 
-void TakeSnapshot(UndoRing &ring, const EntityTable &table, int macroMode) {
+void TakeSnapshot(UndoRing &ring, const EntityTable &table, int macroMode, std::string_view name) {
   if (macroMode == 2) return;
   if (ring.UndoPos == LastSlot && SlotAt(ring, LastSlot).Held && ring.UndoPending)
     std::move(ring.Slot->begin() + 1, ring.Slot->end(), ring.Slot->begin());
@@ -25,6 +25,7 @@ void TakeSnapshot(UndoRing &ring, const EntityTable &table, int macroMode) {
   std::for_each_n(slot.Row.begin(), table.EntCount + 1, [](Entity &row) { row.Selected = false; });
   slot.Count = table.EntCount;
   slot.Held = true;
+  slot.Name = name;
   if (ring.UndoPos < LastSlot) {
     ring.UndoTop = ++ring.UndoPos;
     for (int i = ring.UndoPos; i < UndoSlots; ++i) SlotAt(ring, i).Held = false;
@@ -52,4 +53,18 @@ bool Redo(UndoRing &ring, EntityTable &table) {
   ++ring.UndoPos;
   Restore(ring, table);
   return true;
+}
+
+UndoName NextUndo(const UndoRing &ring) {
+  const auto at = static_cast<std::size_t>(ring.UndoPos);
+  // The last slot holds the state before the last change once the ring is full.
+  const bool full = ring.UndoPending && ring.UndoPos == LastSlot && (*ring.Slot)[at].Held;
+  if (full) return {true, (*ring.Slot)[at].Name};
+  if (ring.UndoPos == 0) return {};
+  return {true, (*ring.Slot)[at - 1].Name};
+}
+
+UndoName NextRedo(const UndoRing &ring) {
+  if (ring.UndoPos >= ring.UndoTop - 1) return {};
+  return {true, (*ring.Slot)[static_cast<std::size_t>(ring.UndoPos)].Name};
 }
