@@ -42,20 +42,6 @@ void MoveLine(Entity &line, double dx, double dy) {
   line.Intercept = line.Y1 - line.Slope * line.X1;
 }
 
-// The arc of the same sweep over another chord; its radius is chord/(2*sin(sweep/2)).
-void SpanChord(Entity &arc, Point first, Point second) {
-  const double half = ArcSweep(arc) / 2, chord = Distance(first, second);
-  const double rise = 1 / (2 * std::tan(half)); // of the centre over the chord, to its left
-  const Point centre{(first.X + second.X) / 2 - (second.Y - first.Y) * rise,
-                     (first.Y + second.Y) / 2 + (second.X - first.X) * rise};
-  arc.CenterX = centre.X;
-  arc.CenterY = centre.Y;
-  arc.Radius = chord / (2 * std::sin(half));
-  const double start = Bearing(centre, first);
-  SetAngles(arc, start, start + 2 * half);
-  SetArcEnds(arc);
-}
-
 bool Same(Point a, Point b) { return a.X == b.X && a.Y == b.Y; }
 } // namespace
 

@@ -96,3 +96,17 @@ void SetLineEnds(Entity &line, Point first, Point second) {
   line.CenterX = (first.X + second.X) / 2;
   line.CenterY = (first.Y + second.Y) / 2;
 }
+
+void SpanChord(Entity &arc, Point first, Point second) {
+  const double half = ArcSweep(arc) / 2, chord = Distance(first, second);
+  const double rise = 1 / (2 * std::tan(half)); // of the centre over the chord, to its left
+  const Point centre{(first.X + second.X) / 2 - (second.Y - first.Y) * rise,
+                     (first.Y + second.Y) / 2 + (second.X - first.X) * rise};
+  arc.CenterX = centre.X;
+  arc.CenterY = centre.Y;
+  arc.Radius = chord / (2 * std::sin(half));
+  const double start = Bearing(centre, first);
+  arc.StartAngle = NormalAngle(start);
+  arc.EndAngle = NormalAngle(start + 2 * half);
+  SetArcEnds(arc);
+}

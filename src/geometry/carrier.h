@@ -41,3 +41,5 @@ double Bearing(Point from, Point to); // 0 <= angle < 2*pi, in full precision; 0
 Entity CircleRow(Point centre, double radius);
 // The row cut back to a line between two ends; Slope and Intercept stay, the midpoint follows.
 void SetLineEnds(Entity &line, Point first, Point second);
+// The arc of the same sweep over another chord; its radius is chord/(2*sin(sweep/2)).
+void SpanChord(Entity &arc, Point first, Point second);

@@ -1,0 +1,12 @@
+#pragma once
+#include "geometry/primitives.h"
+
+#include <span>
+#include <vector>
+
+// The crossings of the whole lines and circles; none where they only touch. mm.
+std::vector<Point> CarrierCrossings(const Entity &, const Entity &);
+
+// Where two of the rows cross at more than `clear` (mm) from every end of either. Rows that only touch, and
+// rows on one carrier, do not cross. Whole turns have no ends.
+std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear);
