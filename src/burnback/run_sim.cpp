@@ -18,19 +18,8 @@ constexpr std::uint32_t CoreFill = Rgb(255, 200, 180), EndsFill = Rgb(180, 235, 
                         KnFill = Rgb(200, 255, 180);
 
 void DrawOutline(DrawSurface &panel, const SimStepTable &steps, int step, Ink role, std::uint32_t colour) {
-  for (std::size_t i = steps.Start[step - 1]; i < steps.Start[step]; ++i) {
-    const OutlineRow &row = steps.Row[i];
-    DrawItem item;
-    item.Role = role;
-    item.Colour = colour;
-    if (row.EntType == LineType) {
-      item.At = {row.X1, row.Y1, row.X2, row.Y2};
-    } else {
-      item.What = row.EntType == CircleType ? DrawItem::Kind::Circle : DrawItem::Kind::Arc;
-      item.At = {row.CenterX, row.CenterY, row.Radius, row.StartAngle, row.EndAngle};
-    }
-    Draw(panel, item);
-  }
+  for (std::size_t i = steps.Start[step - 1]; i < steps.Start[step]; ++i)
+    Draw(panel, OutlineItem(steps.Row[i], role, colour));
 }
 
 void MarkCircle(DrawSurface &panel, double x, double y, double radius) {
@@ -96,6 +85,19 @@ void Restart(Screen &screen, SimulationView &view) {
 }
 
 } // namespace
+
+DrawItem OutlineItem(const OutlineRow &row, Ink role, std::uint32_t colour) {
+  DrawItem item;
+  item.Role = role;
+  item.Colour = colour;
+  if (row.EntType == LineType) {
+    item.At = {row.X1, row.Y1, row.X2, row.Y2};
+  } else {
+    item.What = row.EntType == CircleType ? DrawItem::Kind::Circle : DrawItem::Kind::Arc;
+    item.At = {row.CenterX, row.CenterY, row.Radius, row.StartAngle, row.EndAngle};
+  }
+  return item;
+}
 
 std::string RefusalWords(const BurnRefusal &refusal) {
   if (!refusal.HasPlace) return refusal.Text;

@@ -17,6 +17,8 @@ struct SimulationPlace {
   bool KnBatch = false;
 };
 
+DrawItem OutlineItem(const OutlineRow &, Ink, std::uint32_t colour = 0);
+
 // A refusal's words with its place, for a console.
 std::string RefusalWords(const BurnRefusal &);
 

@@ -76,7 +76,7 @@ MainWindow::MainWindow(Sender send) {
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   const QPointer<QWidget> held = focusWidget();
   Mirror(Controls, screen);
-  Side->Follow(screen);
+  Side->Follow(screen, theme);
   // What has the keys and goes gives them back to the drawing, not to whatever stands next to it.
   if (held && !held->isVisible() && isVisible()) Drawing->setFocus();
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());

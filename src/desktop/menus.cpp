@@ -39,6 +39,7 @@ constexpr MenuRow View[] = {{Ctl::Zoom_Reset, 'Z', "Ctrl+0", "zoom_grain", Plain
                             {Ctl::Zoom_1h, 'O', "Ctrl+-", "zoom_out", Plain, "mnuZoom_1h"},
                             {Ctl::Zoom_Window, 'W', "", "zoom_window", Plain, "mnuZoom_Window"},
                             {Ctl::mnuRefresh, 'R', "F5", "refresh"},
+                            {Ctl::mnuLiveBurn, 'B', "", "", Checkable | Parted},
                             {Ctl::mnuGrid, 'G', "", "grid", Parted},
                             {Ctl::mnuIncrements, 'S', "", ""},
                             {Ctl::mnuThemeLight, 'L', "", "", Checkable | Parted},

@@ -201,6 +201,7 @@ void QtScreen::RunModal(Form form) {
     case Form::Options: return MakeOptions(send, parent);
     case Form::Grid: return MakeGridControl(send, parent);
     case Form::Increments: return MakeIncrements(send, parent);
+    case Form::FindTool: break;
     }
     return MakeAbout(send, parent);
   }());
@@ -225,4 +226,8 @@ bool QtScreen::Progress(double part) {
   if (!Window) return true;
   if (!Window->Notice().isVisible()) Window->Copy(*this, *Colours);
   return Window->Notice().Show(part);
+}
+
+void QtScreen::StartWork(std::function<void()> work, std::function<void()> done) {
+  Worker.Start(std::move(work), std::move(done));
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "desktop/live_burn_worker.h"
 #include "desktop/main_window.h"
 #include "desktop/splash.h"
 #include "platform/screen.h"
@@ -20,6 +21,7 @@ public:
   void RunModal(Form) override;
   void Wait(double seconds) override;
   bool Progress(double part) override;
+  void StartWork(std::function<void()> work, std::function<void()> done) override;
 
   void Send(const Event &);
   void Mirror(); // brings every window to what the core wrote; ends the event loop once frmMain was closed
@@ -32,4 +34,5 @@ private:
   std::vector<FormDialog *> Open;
   const Theme *Colours = nullptr;
   bool WasShown = false;
+  LiveBurnWorker Worker{[this] { Mirror(); }};
 };

@@ -2,6 +2,7 @@
 
 #include "desktop/command_frames.h"
 #include "desktop/figure_label.h"
+#include "desktop/live_burn_pane.h"
 #include "desktop/panes.h"
 #include "desktop/tools_pane.h"
 
@@ -62,6 +63,8 @@ SidePane::SidePane(Bindings &bindings) {
   auto *grain = BuildGrain(bindings);
   grain->setContentsMargins(4, 0, 4, 0);
   outer->addWidget(grain);
+  Live = new LiveBurnPane(bindings);
+  outer->addWidget(Live);
   outer->addStretch();
   setWidget(pane);
   setFixedWidth(std::max(Width, pane->minimumSizeHint().width()) + verticalScrollBar()->sizeHint().width());
@@ -70,7 +73,8 @@ SidePane::SidePane(Bindings &bindings) {
 }
 
 // Hints begin with the tool's name, which stands above already.
-void SidePane::Follow(const Screen &screen) {
+void SidePane::Follow(const Screen &screen, const Theme &theme) {
+  Live->Copy(screen, theme);
   const Ctl tool = RunningTool(screen);
   Card->setVisible(tool != Ctl::Count);
   if (tool == Ctl::Count) return;

@@ -21,6 +21,7 @@ struct Event {
     Close,  // the window of Target was asked to close
     Resize, // Target has X by Y pixels now
     Drop,   // the file Text was dropped on the window or named by another program
+    Leave,  // the pointer left Target
   } What = Kind::Press;
   Ctl Target = Ctl::Count;
   double X = 0, Y = 0;

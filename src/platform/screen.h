@@ -28,6 +28,7 @@ struct Control {
 struct WindowPlace {
   int Left = 0, Top = 0, Width = 0, Height = 0;
   bool Minimised = false;
+  int SideWidth = 0, ChartHeight = 0; // of the side pane and of the charts below the drawing; 0: not known
 };
 
 enum class Answer : std::uint8_t { Ok, Cancel, Yes, No };
@@ -37,8 +38,19 @@ struct Box {
   std::string Text, Title;
   Buttons Offer = Buttons::Ok;
   Icon Mark = Icon::None;
+  bool Passing = false; // only tells; a screen may show it without stopping the user
 };
-enum class Form : std::uint8_t { Dimensions, IntroPage, About, Question, HotKey, Options, Grid, Increments };
+enum class Form : std::uint8_t {
+  Dimensions,
+  IntroPage,
+  About,
+  Question,
+  HotKey,
+  Options,
+  Grid,
+  Increments,
+  FindTool
+};
 Ctl WindowOf(Form); // the control that stands for the form itself
 enum class FileUse : std::uint8_t { Open, SaveAs };
 
@@ -49,13 +61,16 @@ class Screen {
 public:
   std::array<Control, CtlCount> Show;
   DrawSurface Panel;
-  Chart MyChart1, MyChart2;
+  Chart MyChart1, MyChart2, MyLiveChart;
   int PixelWidth = 1440;     // of the whole screen
   WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
   Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up
                              // and resets it
+  bool CursorAtEnd = false;  // of the text in Focus, none of it selected; reset with it
   bool SystemIsDark = false; // the user's desktop has a dark theme; set before start-up
   std::function<void(const Event &)> OnEvent; // set once by start-up; modal loops feed it again
+  std::function<void(const std::string &)>
+      OnAnswer; // RecordedScreen tells each answer to whom it may concern
 
   Screen(); // each control's first text, visible and enabled
   virtual ~Screen() = default;
@@ -68,6 +83,13 @@ public:
     (void)part;
     return true;
   } // long work: 0..1; false asks it to stop
+  // Work that holds nothing of the program's state, then what takes its outcome over. Here both at once; a
+  // screen with a worker calls `done` later, between two events, and may leave out work that newer work
+  // overtook before it began.
+  virtual void StartWork(std::function<void()> work, std::function<void()> done) {
+    work();
+    done();
+  }
 
   Control &operator[](Ctl c) { return Show[static_cast<std::size_t>(c)]; }
   const Control &operator[](Ctl c) const { return Show[static_cast<std::size_t>(c)]; }

@@ -6,14 +6,18 @@
 #include "drafting/creation.h"
 #include "drafting/hot_keys.h"
 #include "drafting/point_modes.h"
+#include "drafting/typing.h"
 #include "drafting/view.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
 #include "shell/file_menu.h"
+#include "shell/help_pages.h"
 #include "shell/hot_key_form.h"
+#include "shell/recorder.h"
 #include "shell/refresh_screen.h"
 #include "shell/settings_dialogs.h"
 #include "shell/start_up.h"
+#include "shell/tool_finder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,6 +27,12 @@ constexpr int RightButton = 2;
 
 void SetTheme(Workbench &bench, const char *name) {
   SaveSetting(bench.Settings, "Settings", "Theme", name);
+  WriteSettings(bench.Settings);
+}
+
+void TogglePane(Workbench &bench, const char *name) {
+  const bool shown = GetSetting(bench.Settings, "Settings", name, "1") != "0";
+  SaveSetting(bench.Settings, "Settings", name, shown ? "0" : "1");
   WriteSettings(bench.Settings);
 }
 
@@ -37,6 +47,12 @@ void Zoom(Workbench &bench, void (*change)(DrawSurface &)) {
   change(bench.Out.Panel);
   RedrawDrawing(bench);
 }
+
+void CloseProgram(Workbench &bench) {
+  if (!bench.Record.On || StopRecording(bench)) CloseMain(bench);
+}
+
+void FindAndPress(Workbench &);
 
 struct PressRow {
   Ctl Target;
@@ -58,7 +74,7 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuMRU1, [](Workbench &b) { OpenRecent(b, 1); }},
     {Ctl::mnuMRU2, [](Workbench &b) { OpenRecent(b, 2); }},
     {Ctl::mnuMRU3, [](Workbench &b) { OpenRecent(b, 3); }},
-    {Ctl::mnuFileExit, [](Workbench &b) { CloseMain(b); }},
+    {Ctl::mnuFileExit, CloseProgram},
     {Ctl::Zoom_Reset, ShowWholeGrain},
     {Ctl::Zoom_x2, [](Workbench &b) { Zoom(b, Zoomx2); }},
     {Ctl::Zoom_1h, [](Workbench &b) { Zoom(b, Zoom1h); }},
@@ -73,12 +89,19 @@ constexpr PressRow PressTable[] = {
     {Ctl::tbRefresh, RedrawDrawing},
     {Ctl::mnuThemeLight, [](Workbench &b) { SetTheme(b, "Light"); }},
     {Ctl::mnuThemeDark, [](Workbench &b) { SetTheme(b, "Dark"); }},
+    {Ctl::mnuViewTools, [](Workbench &b) { TogglePane(b, "ToolsPane"); }},
+    {Ctl::mnuViewReport, [](Workbench &b) { TogglePane(b, "ReportPane"); }},
+    {Ctl::mnuViewSide, [](Workbench &b) { TogglePane(b, "SidePane"); }},
     {Ctl::mnuDims, MenuDimensions},
+    {Ctl::mnuLiveBurn, ToggleLive},
     {Ctl::mnuOptions, ShowOptions},
     {Ctl::tbConfigure, ShowOptions},
     {Ctl::mnuGrid, ShowGrid},
     {Ctl::mnuIncrements, ShowIncrements},
     {Ctl::mnuDebugMode, [](Workbench &b) { b.Grain.DebugMode = b.Grain.DebugMode == 0; }},
+    {Ctl::mnuFindTool, FindAndPress},
+    {Ctl::mnuHelpTools, [](Workbench &b) { ShowHelp(b, Ctl::mnuHelpTools); }},
+    {Ctl::mnuRecord, ToggleRecording},
     {Ctl::mnuIntro, ShowIntro},
     {Ctl::mnuAbout, ShowAbout},
     {Ctl::RunSim2, RunSimulation},
@@ -107,7 +130,12 @@ void Press(Workbench &bench, const Event &event) {
 void PressControl(Workbench &bench, Ctl target) {
   Event press;
   press.Target = target;
+  NotePress(bench, target);
   Press(bench, press);
+}
+
+void FindAndPress(Workbench &bench) {
+  if (const auto tool = AskTool(bench)) PressControl(bench, *tool);
 }
 
 void DrawingKey(Workbench &bench, const Event &event) {
@@ -115,6 +143,7 @@ void DrawingKey(Workbench &bench, const Event &event) {
   const bool control = event.Shift == 2;
   if (control && event.KeyCode == 'Z') return UndoChange(bench.Draft);
   if (control && event.KeyCode == 'Y') return RedoChange(bench.Draft);
+  if (TypeAtPointer(bench.Draft, event)) return ShowPointer(bench.Draft);
   PanelKey(bench.Draft, event);
   if (const auto target = HotKeyPressed(bench.Draft, event.KeyCode, event.Shift))
     PressControl(bench, *target);
@@ -123,6 +152,9 @@ void DrawingKey(Workbench &bench, const Event &event) {
 constexpr Ctl Fields[] = {Ctl::X_Input, Ctl::Y_Input};
 
 void MainKey(Workbench &bench, const Event &event) {
+  constexpr int F1 = 112, controlKey = 2;
+  if (event.KeyCode == F1 && event.Shift == 0) return HelpKey(bench, event.Target);
+  if (event.KeyCode == 'K' && event.Shift == controlKey) return FindAndPress(bench);
   if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
     return FieldKey(bench.Draft, event);
   if (event.Target == Ctl::DrawPanel || event.KeyCode == 27) return DrawingKey(bench, event);
@@ -130,8 +162,10 @@ void MainKey(Workbench &bench, const Event &event) {
 }
 
 void MainText(Workbench &bench, const Event &event) {
-  if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
-    return FieldText(bench.Draft, event);
+  if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields)) {
+    FieldText(bench.Draft, event);
+    return ShowPointer(bench.Draft);
+  }
   CreationText(bench.Draft, event);
 }
 
@@ -149,16 +183,16 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "Grid_Control") return GridEvent(bench, event);
   if (window == "Increments_2d") return IncrementsEvent(bench, event);
   if (window == "HotKeyForm") return HotKeyFormEvent(bench, event);
+  if (window == "Find_Tool") return FindToolEvent(bench, event);
+  if (window == "Help_Window") return HelpEvent(bench, event);
   if (event.Target == Ctl::HotKeyList) return HotKeyListEvent(bench, event);
   if (event.What == Event::Kind::Drop) return OpenDropped(bench, event.Text);
-  if (event.What == Event::Kind::Close) {
-    CloseMain(bench);
-    return;
-  }
+  if (event.What == Event::Kind::Close) return CloseProgram(bench);
   if (event.What == Event::Kind::Press) return Press(bench, event);
   if (event.What == Event::Kind::Key) return MainKey(bench, event);
   if (event.What == Event::Kind::Text) return MainText(bench, event);
   if (event.Target == Ctl::DrawPanel) return PanelEvent(bench, event);
+  if (event.Target == Ctl::MyLiveChart) return LiveChartEvent(bench, event);
   if (event.What == Event::Kind::MouseMove &&
       (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
     ReplayAt(bench.Out, bench.Sim, event.X);
@@ -170,6 +204,8 @@ void Dispatch(Workbench &bench, const Event &event) {
   if (event.Target == Ctl::Count || bench.Ended) return;
   if (bench.Running) return;
   if (!std::isfinite(event.X) || !std::isfinite(event.Y) || !std::isfinite(event.Notches)) return;
+  NoteEvent(bench, event);
+  if (event.Target != Ctl::MyLiveChart) LeaveLiveChart(bench);
   try {
     Route(bench, event);
   } catch (const Fault &fault) {
@@ -179,5 +215,6 @@ void Dispatch(Workbench &bench, const Event &event) {
     bench.Out.Ask({"Unanticipated error " + std::to_string(fault.Number) + ": " + fault.Text,
                    bench.Out[Ctl::frmMain].Text, Buttons::Ok, Icon::Exclamation});
   }
+  NoteResult(bench, event);
   RefreshScreen(bench);
 }

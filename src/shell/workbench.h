@@ -5,10 +5,13 @@
 #include "platform/screen.h"
 #include "shell/command_line.h"
 #include "shell/grain_document.h"
+#include "shell/live_view.h"
 #include "shell/recent_files.h"
 #include "shell/work_folder.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 // The working copy of the Dimensions dialog; lengths in mm.
 struct DimensionsCopy {
@@ -33,6 +36,17 @@ struct Recovery {
       CopyPath; // the newest "Recovered ..." copy in AppDir, this start's or an earlier one's; empty: none
 };
 
+// The script of what the user does, while it is recorded.
+struct Recording {
+  bool On = false;
+  std::vector<std::string> Line;
+  std::optional<Event> Moved;      // the pointer's last place, not written yet
+  std::optional<Event> Held;       // the button that is down, and where it went down
+  std::size_t HeldLine = 0;        // its line
+  double PannedX = 0, PannedY = 0; // by a middle button that is held, mm
+  Tracker Before;                  // what the tracker held before the event
+};
+
 // All of a running program. One screen, one open design.
 struct Workbench {
   Screen &Out;
@@ -48,6 +62,8 @@ struct Workbench {
   HotKey PendingKey; // the last keys pressed in HotKeyForm
   Recovery Recovered;
   SimulationView Sim;
+  LiveView Live;
+  Recording Record;
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm
   bool Panning = false;
