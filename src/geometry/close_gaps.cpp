@@ -57,8 +57,11 @@ struct Joint {
 // The crossing of the whole lines or circles that lies within the tolerance of both ends.
 std::optional<Point> CrossingAt(const Joint &j, double tolerance) {
   const Point one = EndAt(j.A, j.SideA), other = EndAt(j.B, j.SideB);
-  for (const Point p : CarrierCrossings(j.A, j.B))
+  const CrossingPair crossing = CarrierCrossings(j.A, j.B);
+  for (int k = 0; k < crossing.Count; ++k) {
+    const Point p = crossing.At[static_cast<std::size_t>(k)];
     if (Distance(p, one) <= tolerance && Distance(p, other) <= tolerance) return p;
+  }
   return std::nullopt;
 }
 

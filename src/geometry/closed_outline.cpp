@@ -45,6 +45,10 @@ std::vector<OutlinePiece> ClosedOutline(const EntityTable &table, double joinTol
     bool backward = false;
     for (std::size_t i = 0; i < waiting.size(); ++i) {
       const OutlinePiece &p = waiting[i];
+      const auto far = [&](double x, double y) { // most are: no root is taken for them
+        return std::abs(x - tip.X2) > best || std::abs(y - tip.Y2) > best;
+      };
+      if (far(p.X1, p.Y1) && far(p.X2, p.Y2)) continue;
       const double first = std::hypot(p.X1 - tip.X2, p.Y1 - tip.Y2);
       const double second = std::hypot(p.X2 - tip.X2, p.Y2 - tip.Y2);
       if (first > best && second > best) continue;

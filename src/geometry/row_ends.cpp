@@ -19,13 +19,19 @@ struct Candidate {
   bool operator>(const Candidate &o) const { return Square > o.Square; }
 };
 
-Candidate Nearest(const std::vector<RowEnd> &ends, const std::vector<bool> &taken, std::size_t from) {
+// Outward along X, as far as something nearer can stand.
+Candidate Nearest(const std::vector<RowEnd> &byX, const std::vector<bool> &taken, std::size_t from) {
   Candidate best{Far, from, from};
-  for (std::size_t i = 0; i < ends.size(); ++i) {
-    if (i == from || taken[i] || ends[i].Index == ends[from].Index) continue;
-    const double square = SquareApart(ends[i].At, ends[from].At);
+  const auto look = [&](std::size_t i) {
+    const double dx = byX[i].At.X - byX[from].At.X;
+    if (dx * dx >= best.Square) return false;
+    if (taken[i] || byX[i].Index == byX[from].Index) return true;
+    const double square = SquareApart(byX[i].At, byX[from].At);
     if (square < best.Square) best = {square, from, i};
-  }
+    return true;
+  };
+  for (std::size_t i = from + 1; i < byX.size() && look(i); ++i) continue;
+  for (std::size_t i = from; i > 0 && look(i - 1); --i) continue;
   return best;
 }
 } // namespace
@@ -56,26 +62,26 @@ std::vector<EndPair> PairsWithin(const std::vector<RowEnd> &byX, double distance
   return pairs;
 }
 
-std::vector<EndPair> NearestPairs(const std::vector<RowEnd> &ends) {
-  std::vector<bool> taken(ends.size());
+std::vector<EndPair> NearestPairs(const std::vector<RowEnd> &byX) {
+  std::vector<bool> taken(byX.size());
   std::vector<EndPair> pairs;
   std::priority_queue<Candidate, std::vector<Candidate>, std::greater<>> waiting;
-  for (std::size_t i = 0; i < ends.size(); ++i) waiting.push(Nearest(ends, taken, i));
+  for (std::size_t i = 0; i < byX.size(); ++i) waiting.push(Nearest(byX, taken, i));
   // A candidate whose partner went to another end is looked up anew: what it finds then lies no nearer.
   while (!waiting.empty() && waiting.top().Square < Far) {
     const Candidate next = waiting.top();
     waiting.pop();
     if (taken[next.From]) continue;
     if (taken[next.To]) {
-      waiting.push(Nearest(ends, taken, next.From));
+      waiting.push(Nearest(byX, taken, next.From));
       continue;
     }
     taken[next.From] = taken[next.To] = true;
-    pairs.push_back({next.From, next.To, Distance(ends[next.From].At, ends[next.To].At)});
+    pairs.push_back({next.From, next.To, Distance(byX[next.From].At, byX[next.To].At)});
   }
   std::vector<std::size_t> left;
-  for (std::size_t i = 0; i < ends.size(); ++i)
+  for (std::size_t i = 0; i < byX.size(); ++i)
     if (!taken[i]) left.push_back(i);
-  if (left.size() == 2) pairs.push_back({left[0], left[1], Distance(ends[left[0]].At, ends[left[1]].At)});
+  if (left.size() == 2) pairs.push_back({left[0], left[1], Distance(byX[left[0]].At, byX[left[1]].At)});
   return pairs;
 }

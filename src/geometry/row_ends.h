@@ -22,4 +22,4 @@ std::vector<EndPair> PairsWithin(const std::vector<RowEnd> &byX, double distance
 
 // The ends in pairs, always the two nearest first, each end once. Ends of one row pair only with each other
 // when no others are left.
-std::vector<EndPair> NearestPairs(const std::vector<RowEnd> &);
+std::vector<EndPair> NearestPairs(const std::vector<RowEnd> &byX);

@@ -1,5 +1,7 @@
 #include "geometry/row_measure.h"
 
+#include "geometry/carrier.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,5 +20,18 @@ double RowLength(const Entity &e) {
 Extent ExtentOf(const Entity &e) {
   if (e.EntType == LineType)
     return {std::min(e.X1, e.X2), std::max(e.X1, e.X2), std::min(e.Y1, e.Y2), std::max(e.Y1, e.Y2)};
-  return {e.CenterX - e.Radius, e.CenterX + e.Radius, e.CenterY - e.Radius, e.CenterY + e.Radius};
+  const bool whole = IsWholeTurn(e);
+  const double start = NormalAngle(e.StartAngle), end = start + (whole ? TwoPi : ArcSweep(e));
+  Entity arc = e;
+  if (!whole) SetArcEnds(arc);
+  const auto passes = [&](int quarter) { // the arc, over this quarter turn
+    return whole || (quarter * TwoPi / 4 >= start && quarter * TwoPi / 4 <= end) ||
+           (quarter + 4) * TwoPi / 4 <= end;
+  };
+  Extent x;
+  x.Right = passes(0) ? e.CenterX + e.Radius : std::max(arc.X1, arc.X2);
+  x.High = passes(1) ? e.CenterY + e.Radius : std::max(arc.Y1, arc.Y2);
+  x.Left = passes(2) ? e.CenterX - e.Radius : std::min(arc.X1, arc.X2);
+  x.Low = passes(3) ? e.CenterY - e.Radius : std::min(arc.Y1, arc.Y2);
+  return x;
 }

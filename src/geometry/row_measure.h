@@ -11,4 +11,4 @@ double RowLength(const Entity &); // along the row
 struct Extent {
   double Left = 0, Right = 0, Low = 0, High = 0;
 };
-Extent ExtentOf(const Entity &); // of an arc: of its whole circle
+Extent ExtentOf(const Entity &);

@@ -25,16 +25,16 @@ Shape ShapeOf(const Entity &e) {
   return s;
 }
 
-std::vector<Point> LineCircle(const Carrier &line, const Entity &round) {
+CrossingPair LineCircle(const Carrier &line, const Entity &round) {
   const double foot = AlongOf(line, CentreOf(round)), off = AsideOf(line, CentreOf(round)), r = round.Radius;
   const double half2 = (r - off) * (r + off);
   if (!(half2 > Touch * r * r)) return {};
   const double half = std::sqrt(half2);
-  return {PointAlong(line, foot - half), PointAlong(line, foot + half)};
+  return {2, {PointAlong(line, foot - half), PointAlong(line, foot + half)}};
 }
 
 // From the smaller circle: the larger one's radius would drown the half chord.
-std::vector<Point> CircleCircle(const Entity &small, const Entity &large) {
+CrossingPair CircleCircle(const Entity &small, const Entity &large) {
   const double dx = large.CenterX - small.CenterX, dy = large.CenterY - small.CenterY;
   const double apart = std::hypot(dx, dy), r = small.Radius;
   if (apart < 1e-12 * (r + large.Radius)) return {};
@@ -43,7 +43,7 @@ std::vector<Point> CircleCircle(const Entity &small, const Entity &large) {
   if (!(half2 > Touch * r * r)) return {};
   const double ux = dx / apart, uy = dy / apart, half = std::sqrt(half2);
   const Point foot{small.CenterX + along * ux, small.CenterY + along * uy};
-  return {{foot.X - half * uy, foot.Y + half * ux}, {foot.X + half * uy, foot.Y - half * ux}};
+  return {2, {Point{foot.X - half * uy, foot.Y + half * ux}, Point{foot.X + half * uy, foot.Y - half * ux}}};
 }
 
 bool Inside(const Shape &s, Point p, double clear) {
@@ -62,11 +62,11 @@ bool Aside(const Shape &line, const Shape &other) {
 }
 } // namespace
 
-std::vector<Point> CarrierCrossings(const Entity &a, const Entity &b) {
+CrossingPair CarrierCrossings(const Entity &a, const Entity &b) {
   const bool lineA = a.EntType == LineType, lineB = b.EntType == LineType;
   if (lineA && lineB) {
     const Roots roots = CarrierRoots(CarrierOf(a), CarrierOf(b));
-    return roots.Case == RootCase::None ? std::vector<Point>{} : std::vector{roots.First};
+    return roots.Case == RootCase::None ? CrossingPair{} : CrossingPair{1, {roots.First, {}}};
   }
   if (lineA) return LineCircle(CarrierOf(a), b);
   if (lineB) return LineCircle(CarrierOf(b), a);
@@ -86,8 +86,11 @@ std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear) {
       if (b.Around.Left > a.Around.Right) break;
       if (b.Around.Low > a.Around.High || a.Around.Low > b.Around.High || Aside(a, b) || Aside(b, a))
         continue;
-      for (const Point p : CarrierCrossings(a.Row, b.Row))
+      const CrossingPair crossing = CarrierCrossings(a.Row, b.Row);
+      for (int k = 0; k < crossing.Count; ++k) {
+        const Point p = crossing.At[static_cast<std::size_t>(k)];
         if (Inside(a, p, clear) && Inside(b, p, clear)) found.push_back(p);
+      }
     }
   return found;
 }
