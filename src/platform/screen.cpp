@@ -10,6 +10,7 @@ Ctl WindowOf(Form form) {
   case Form::Options: return Ctl::Options_Form;
   case Form::Grid: return Ctl::Grid_Control;
   case Form::Increments: return Ctl::Increments_2d;
+  case Form::FindTool: return Ctl::Find_Tool;
   }
   return Ctl::Count;
 }

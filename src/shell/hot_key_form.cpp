@@ -1,12 +1,12 @@
 #include "shell/hot_key_form.h"
 
 #include "base/whole_file.h"
-#include "drafting/command_table.h"
 #include "drafting/hot_keys.h"
 #include "shell/form_answer.h"
+#include "shell/help_pages.h"
 
 namespace {
-constexpr int TabKey = 9, DeleteKey = 46;
+constexpr int TabKey = 9, DeleteKey = 46, F1Key = 112;
 constexpr int ShiftKey = 1, ControlKey = 2;
 constexpr const char *SetItem = "Set Hot Key...", *HelpItem = "Help", *Title = "Hot Key";
 
@@ -37,21 +37,12 @@ void ShowForm(Workbench &bench) {
   Close(bench);
 }
 
-void ShowHelp(Workbench &bench) {
-  const int slot = bench.Draft.HotKeyCmd;
-  const std::string name = ToolName(slot);
-  std::string line = bench.Out[HotKeyControl(slot)].Hint;
-  const CommandRow *row = FindCommand(slot);
-  if (line.empty() && row && row->Stem[0]) line = std::string("First step: ") + row->Stem[0];
-  const std::string keys = HotKeyText(Bound(bench.Draft));
-  bench.Out.Ask({name + (line.empty() ? "" : "\n" + line) + (keys.empty() ? "" : "\nHot key: " + keys), name,
-                 Buttons::Ok, Icon::None});
-}
-
 // Why the drawing would never hand these keys on to a tool; empty when it does.
 std::string Taken(int key, int shift) {
   if (shift == ControlKey && key == 'Z') return "is the key of Undo";
   if (shift == ControlKey && key == 'Y') return "is the key of Redo";
+  if (shift == ControlKey && key == 'K') return "is the key of the tool finder";
+  if (shift == 0 && key == F1Key) return "is the key of help";
   if ((shift & ~ShiftKey) != 0) return {};
   if (key == TabKey) return "goes to the fields";
   constexpr int plus = 187, minus = 189, point = 190, numSigns[] = {107, 109, 110};
@@ -133,7 +124,7 @@ void HotKeyListEvent(Workbench &bench, const Event &event) {
   if (!press && !key) return;
   bench.Out[Ctl::HotKeyList].Visible = false; // also when left without a choice
   if (press && event.Text == SetItem) ShowForm(bench);
-  if (press && event.Text == HelpItem) ShowHelp(bench);
+  if (press && event.Text == HelpItem) ShowHelp(bench, HotKeyControl(bench.Draft.HotKeyCmd));
 }
 
 void HotKeyFormEvent(Workbench &bench, const Event &event) {

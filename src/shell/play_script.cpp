@@ -5,6 +5,8 @@
 #include "shell/dialogs.h"
 #include "shell/dispatch.h"
 #include "shell/grain_file.h"
+#include "shell/script_keys.h"
+#include "shell/start_values.h"
 
 #include <algorithm>
 #include <array>
@@ -47,8 +49,10 @@ void Send(Player &p, const Event &event) {
   if ((window && !p.Out[*window].Visible) || !p.Out[p.Field].Visible) p.Field = Ctl::DrawPanel;
 }
 
-void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0) {
+void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0,
+            int shift = 0) {
   Event e;
+  e.Shift = shift;
   e.What = what;
   e.Target = target;
   e.X = x;
@@ -92,9 +96,10 @@ void PressControl(Player &p, const Event &press) {
   Send(p, press);
 }
 
-void Press(Player &p, std::string_view name) { // NAME, or LIST:ITEM
+void Press(Player &p, std::string_view name, int button) { // NAME, or LIST:ITEM
   const auto colon = name.find(':');
   Event e;
+  e.Button = button;
   if (!Name(p, name.substr(0, colon), e.Target)) return;
   if (colon != name.npos) {
     e.Text = name.substr(colon + 1);
@@ -124,27 +129,16 @@ void Type(Player &p, std::string_view rest) {
   Send(p, e);
 }
 
-void Key(Player &p, std::string_view name) {
+void Key(Player &p, std::string_view rest) { // NAME, or NAME in CONTROL
   if (p.Out.Focus != Ctl::Count) p.Field = std::exchange(p.Out.Focus, Ctl::Count);
+  constexpr std::string_view in = " in ";
+  const auto where = rest.find(in);
+  if (where != rest.npos && !Name(p, rest.substr(where + in.size()), p.Field)) return;
   Event e;
   e.What = Event::Kind::Key;
   e.Target = p.Field;
-  const struct {
-    std::string_view Name;
-    int Code;
-  } held[] = {{"Shift+", 1}, {"Ctrl+", 2}, {"Alt+", 4}},
-    codes[] = {{"Enter", 13}, {"Escape", 27}, {"Tab", 9}, {"Delete", 46}, {"Space", 32}};
-  for (const auto &h : held)
-    if (name.starts_with(h.Name)) e.Shift |= h.Code, name.remove_prefix(h.Name.size());
-  for (const auto &c : codes)
-    if (c.Name == name) e.KeyCode = c.Code;
-  int number = 0;
-  if (name.size() > 1 && name[0] == 'F' &&
-      std::from_chars(name.data() + 1, name.data() + name.size(), number).ec == std::errc() && number >= 1 &&
-      number <= 12)
-    e.KeyCode = 111 + number;
-  if (name.size() == 1) e.KeyCode = name[0] >= 'a' && name[0] <= 'z' ? name[0] - 32 : name[0];
-  if (e.KeyCode == 0) return Fail(p.Out.Lines, "unknown key " + std::string(name));
+  if (!ReadKeyName(rest.substr(0, where), e))
+    return Fail(p.Out.Lines, "unknown key " + std::string(rest.substr(0, where)));
   Send(p, e);
 }
 
@@ -162,19 +156,59 @@ void Grain(Player &p, std::string_view rest) {
   ShowWholeGrain(p.Bench);
 }
 
-void Click(Player &p, double x, double y, int button) {
+void Click(Player &p, double x, double y, int button, int shift) {
   p.Field = Ctl::DrawPanel;
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, x, y);
-  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, x, y, button);
-  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, x, y, button);
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, x, y, 0, 0, shift);
+  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, x, y, button, 0, shift);
+  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, x, y, button, 0, shift);
 }
 
-void Drag(Player &p, const std::array<double, 4> &at) {
+void Drag(Player &p, const std::array<double, 4> &at, int shift) {
   p.Field = Ctl::DrawPanel;
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1]);
-  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at[0], at[1], 1);
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[2], at[3]);
-  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at[2], at[3], 1);
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1], 0, 0, shift);
+  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at[0], at[1], 1, 0, shift);
+  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[2], at[3], 0, 0, shift);
+  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at[2], at[3], 1, 0, shift);
+}
+
+// Alt behind the numbers: it was held.
+int TakeAlt(std::string_view &rest) {
+  constexpr std::string_view alt = " Alt";
+  if (!rest.ends_with(alt)) return 0;
+  rest.remove_suffix(alt.size());
+  return 4;
+}
+
+// Of a line with a place. False: it is none.
+bool Mouse(Player &p, std::string_view verb, std::string_view rest) {
+  const int shift = TakeAlt(rest);
+  std::array<double, 2> at;
+  std::array<double, 3> at3;
+  std::array<double, 4> at4;
+  if (verb == "click" && Numbers(rest, at))
+    Click(p, at[0], at[1], 1, shift);
+  else if (verb == "back" && Numbers(rest, at))
+    Click(p, at[0], at[1], 2, shift);
+  else if (verb == "drag" && Numbers(rest, at4))
+    Drag(p, at4, shift);
+  else if (verb == "move" && Numbers(rest, at))
+    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1], 0, 0, shift);
+  else if (verb == "wheel" && Numbers(rest, at3))
+    SendAt(p, Event::Kind::Wheel, Ctl::DrawPanel, at3[0], at3[1], 0, at3[2]);
+  else if (verb == "pan" && Numbers(rest, at4)) {
+    SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at4[0], at4[1], 4);
+    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at4[2], at4[3]);
+    SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at4[2], at4[3], 4);
+  } else
+    return false;
+  return true;
+}
+
+void Have(Player &p, std::string_view rest) {
+  const std::string_view name = Word(rest);
+  double value;
+  if (!Number(rest, value) || !rest.empty() || !SetStartValue(p.Bench, name, value))
+    Fail(p.Out.Lines, "there is no value " + std::string(name) + " that could be so");
 }
 
 void ExpectState(Player &p, std::string_view what, std::string_view name) {
@@ -219,28 +253,16 @@ void PlayLine(Player &p) {
   ++p.Out.Lines.Next;
   std::string_view rest = line;
   const std::string_view verb = Word(rest);
-  std::array<double, 2> at;
-  std::array<double, 3> at3;
-  std::array<double, 4> at4;
   if (verb == "grain") return Grain(p, rest);
-  if (verb == "press") return Press(p, rest);
+  if (verb == "have") return Have(p, rest);
+  if (verb == "press") return Press(p, rest, 0);
+  if (verb == "ask") return Press(p, rest, 2);
   if (verb == "cmd") return Command(p, rest);
-  if (verb == "click" && Numbers(rest, at)) return Click(p, at[0], at[1], 1);
-  if (verb == "back" && Numbers(rest, at)) return Click(p, at[0], at[1], 2);
-  if (verb == "drag" && Numbers(rest, at4)) return Drag(p, at4);
   if (verb == "answer" || verb == "box" || verb == "file") return p.Out.KeepAhead(line);
   if (verb == "type") return Type(p, rest);
   if (verb == "key") return Key(p, rest);
   if (verb == "expect") return Expect(p, rest);
-  if (verb == "move" && Numbers(rest, at))
-    return SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1]);
-  if (verb == "wheel" && Numbers(rest, at3))
-    return SendAt(p, Event::Kind::Wheel, Ctl::DrawPanel, at3[0], at3[1], 0, at3[2]);
-  if (verb == "pan" && Numbers(rest, at4)) {
-    SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at4[0], at4[1], 4);
-    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at4[2], at4[3]);
-    return SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at4[2], at4[3], 4);
-  }
+  if (Mouse(p, verb, rest)) return;
   if (verb == "hover") {
     Ctl chart;
     double part;
@@ -251,7 +273,8 @@ void PlayLine(Player &p) {
     Event e;
     e.What = verb == "drop" ? Event::Kind::Drop : Event::Kind::Close;
     e.Target = Ctl::frmMain;
-    e.Text = rest;
+    if (verb == "drop") e.Text = rest;
+    if (verb == "close" && !rest.empty() && !Name(p, rest, e.Target)) return;
     return Send(p, e);
   }
   if (verb == "save") {

@@ -15,22 +15,39 @@
 #include <vector>
 
 namespace {
-constexpr const char *PlaceKeys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
+struct PlaceField {
+  const char *Key;
+  int WindowPlace::*Field;
+};
+constexpr PlaceField PlaceFields[] = {{"MainLeft", &WindowPlace::Left},
+                                      {"MainTop", &WindowPlace::Top},
+                                      {"MainWidth", &WindowPlace::Width},
+                                      {"MainHeight", &WindowPlace::Height},
+                                      {"SideWidth", &WindowPlace::SideWidth},
+                                      {"ChartHeight", &WindowPlace::ChartHeight}};
 
 void HideWindows(Screen &out) {
   for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
                       Ctl::SimMsg, Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form,
-                      Ctl::Grid_Control, Ctl::Increments_2d})
+                      Ctl::Grid_Control, Ctl::Increments_2d, Ctl::Find_Tool, Ctl::Help_Window})
     out[c].Visible = false;
 }
 
 void LoadWindowPlace(Workbench &bench) {
-  WindowPlace &place = bench.Out.MainPlace;
-  int *const value[] = {&place.Left, &place.Top, &place.Width, &place.Height};
-  for (int i = 0; i < 4; ++i) {
-    const double kept = Val(GetSetting(bench.Settings, "Settings", PlaceKeys[i]));
-    if (kept >= -100000 && kept <= 100000) *value[i] = static_cast<int>(kept);
+  for (const PlaceField &field : PlaceFields) {
+    const double kept = Val(GetSetting(bench.Settings, "Settings", field.Key));
+    if (kept >= -100000 && kept <= 100000) bench.Out.MainPlace.*field.Field = static_cast<int>(kept);
   }
+}
+
+// Without keys of the user's own the shipped ones hold, and are kept for changes where that can be done.
+void LoadHotKeys(Workbench &bench, std::vector<std::string> &notices) {
+  const std::string own = bench.Folders.AppDir + "HotKeys", shipped = bench.Folders.Install + "data/HotKeys";
+  const bool first = !FileExists(own) && !bench.Folders.Install.empty();
+  const std::string trouble = ReadHotKeys(first ? shipped : own, bench.Draft.HotKeyTable);
+  if (!trouble.empty()) notices.push_back(trouble);
+  std::string bytes;
+  if (first && trouble.empty() && ReadWhole(shipped, bytes).empty()) WriteWhole(own, bytes);
 }
 
 void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
@@ -41,8 +58,7 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   bench.Grain.AppDir = bench.Folders.AppDir;
   const std::string trouble = ApplyDefaultFile(bench.Folders.AppDir + "DefaultFile", bench.Grain);
   if (!trouble.empty()) notices.push_back(trouble);
-  const std::string keys = ReadHotKeys(bench.Folders.AppDir + "HotKeys", bench.Draft.HotKeyTable);
-  if (!keys.empty()) notices.push_back(keys);
+  LoadHotKeys(bench, notices);
   ClaimWorkFiles(bench.Claim, bench.Folders.AppDir);
   RecoverDesign(bench, notices);
   bench.Chart2Hidden = bench.Out.PixelWidth < 1024;
@@ -112,9 +128,8 @@ bool CloseMain(Workbench &bench) {
   }
   EmptyWorkFile(bench); // only now: a kill while the question stands must not lose the design
   if (!out.MainPlace.Minimised && out.MainPlace.Width > 0) {
-    const int value[] = {out.MainPlace.Left, out.MainPlace.Top, out.MainPlace.Width, out.MainPlace.Height};
-    for (int i = 0; i < 4; ++i)
-      SaveSetting(bench.Settings, "Settings", PlaceKeys[i], std::to_string(value[i]));
+    for (const PlaceField &field : PlaceFields)
+      SaveSetting(bench.Settings, "Settings", field.Key, std::to_string(out.MainPlace.*field.Field));
   }
   SaveRecentFiles(bench.Settings, bench.Recent);
   WriteSettings(bench.Settings);

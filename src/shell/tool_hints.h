@@ -1,5 +1,5 @@
 #pragma once
-#include "platform/controls.h"
+#include "drafting/drafting.h"
 
 #include <span>
 
@@ -9,3 +9,6 @@ struct ToolHint {
   const char *Text;
 };
 std::span<const ToolHint> ToolHints();
+
+// The hints of bound tools end with their key: " (L)".
+void NameHotKeys(Screen &, const std::array<HotKey, 101> &);

@@ -21,6 +21,7 @@ struct Journey : testing::Test {
   };
   std::filesystem::path Home;
   std::unique_ptr<Running> Program;
+  std::string Install = TEST_SOURCE "/"; // examples, help pages and hot keys; empty: nothing is installed
 
   void SetUp() override {
     const auto *info = testing::UnitTest::GetInstance()->current_test_info();
@@ -53,7 +54,7 @@ struct Journey : testing::Test {
     Program->Screen.Lines = ReadScript(script);
     WorkFolders folders;
     folders.AppDir = Home.string() + "/";
-    folders.Install = std::string(TEST_SOURCE) + "/";
+    folders.Install = Install;
     const bool stays = StartUp(Program->Bench, folders, ReadCommandLine(arguments));
     EXPECT_EQ(Program->Screen.Lines.Fault, "");
     return stays;

@@ -115,6 +115,7 @@ TEST_F(Settings, IncrementsTakeTheSlidersValueOnAccept) {
 }
 
 TEST_F(Settings, KeysAreBoundToTools) {
+  Install.clear(); // no keys come with the program
   ASSERT_TRUE(Start());
   const std::string set = "press HotKeyList:Set Hot Key...\n";
   RightPress(Ctl::FilletArc,
@@ -123,7 +124,8 @@ TEST_F(Settings, KeysAreBoundToTools) {
                  "expect box Create new File?\nbox Cancel\nexpect box Aborting operation\n"
                  "expect hidden HotKeyForm\nexpect hidden HotKeyPrompt");
   EXPECT_FALSE(FileExists(At("HotKeys")));
-  RightPress(Ctl::Sing_Line, set + "key 5\nexpect box begins a value\nkey Ctrl+L\nkey Enter\nbox OK");
+  RightPress(Ctl::Sing_Line, set + "key 5\nexpect box begins a value\nkey Ctrl+K\nexpect box tool "
+                                   "finder\nkey Ctrl+L\nkey Enter\nbox OK");
   const std::string file = Read("HotKeys");
   EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 200);
   EXPECT_EQ(file.substr(0, 7), "76\r\n2\r\n");
@@ -133,7 +135,7 @@ TEST_F(Settings, KeysAreBoundToTools) {
                  "expect visible HotKeyForm\nkey Escape");
   RightPress(Ctl::Circle_CtrEdge, set + "key Shift+F4\nkey Enter");
   RightPress(Ctl::Sing_Line, set + "expect text HotKeys Ctrl+L\nkey Escape");
-  RightPress(Ctl::RunSim2, "press HotKeyList:Help\nexpect box RUN SIM");
+  RightPress(Ctl::RunSim2, "press HotKeyList:Help\nexpect visible Help_Window");
 
   ASSERT_TRUE(Start()); // read again
   Play("key Ctrl+L");
