@@ -60,7 +60,7 @@ void DrawPanel::CopyOverlay(const DrawSurface &surface) {
   QRegion touched;
   const auto touch = [&](const std::vector<DrawItem> &items) {
     QRectF bounds;
-    for (const DrawItem &item : items) bounds |= PixelBounds(item, view);
+    for (const DrawItem &item : items) bounds |= PixelBounds(item, view, size());
     touched += (bounds & QRectF(rect())).toAlignedRect();
   };
   touch(Shown.Overlay);
@@ -88,11 +88,11 @@ void DrawPanel::CopyFlash(const DrawSurface &surface) {
 }
 
 void DrawPanel::PaintStill(std::size_t from, std::size_t end) {
+  ++StillPaints;
   QPainter painter(&Still);
   const SurfaceView view = FitView(Shown, size());
-  painter.setFont(TypeFont(Type::Small));
   if (from == 0) PaintGround(painter, Shown, view, size(), *Colours);
-  PaintItems(painter, std::span(Shown.Item).subspan(from, end - from), Shown, view, *Colours);
+  PaintItems(painter, std::span(Shown.Item).subspan(from, end - from), Shown, view, size(), *Colours);
 }
 
 void DrawPanel::paintEvent(QPaintEvent *) {
@@ -103,12 +103,11 @@ void DrawPanel::paintEvent(QPaintEvent *) {
     PaintStill(0, StillCount);
   }
   QPainter painter(this);
-  painter.setFont(TypeFont(Type::Small));
   painter.drawPixmap(0, 0, Still);
-  PaintItems(painter, std::span(Shown.Item).subspan(StillCount), Shown, view, *Colours);
+  PaintItems(painter, std::span(Shown.Item).subspan(StillCount), Shown, view, size(), *Colours);
   PaintContourScale(painter, Shown, size(), *Colours);
-  PaintItems(painter, Shown.Overlay, Shown, view, *Colours);
-  PaintItems(painter, Shown.Flash, Shown, view, *Colours);
+  PaintItems(painter, Shown.Overlay, Shown, view, size(), *Colours);
+  PaintItems(painter, Shown.Flash, Shown, view, size(), *Colours);
 }
 
 void DrawPanel::resizeEvent(QResizeEvent *) {
@@ -140,10 +139,12 @@ void DrawPanel::SendMouse(Event::Kind what, const QMouseEvent &mouse, int button
 
 void DrawPanel::mousePressEvent(QMouseEvent *e) {
   setFocus();
+  Pointer = e->position().toPoint();
   SendMouse(Event::Kind::MouseDown, *e, ButtonCode(e->button()));
 }
 void DrawPanel::mouseDoubleClickEvent(QMouseEvent *e) { mousePressEvent(e); }
 void DrawPanel::mouseMoveEvent(QMouseEvent *e) {
+  Pointer = e->position().toPoint();
   SendMouse(Event::Kind::MouseMove, *e, ButtonCode(e->buttons()));
 }
 void DrawPanel::mouseReleaseEvent(QMouseEvent *e) {
@@ -162,5 +163,15 @@ void DrawPanel::keyPressEvent(QKeyEvent *key) {
   e.Target = Ctl::DrawPanel;
   e.KeyCode = KeyCode(*key);
   e.Shift = ShiftCode(key->modifiers());
+  e.Text = key->text().toStdString();
   if (e.KeyCode != 0) Send(e);
+}
+
+// A key of the drawing comes before the menu's entry of that key.
+bool DrawPanel::event(QEvent *event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    if (Claims && Claims(KeyCode(key), ShiftCode(key.modifiers()))) event->accept();
+  }
+  return QWidget::event(event);
 }

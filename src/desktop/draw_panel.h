@@ -15,8 +15,12 @@ public:
   explicit DrawPanel(Sender);
   void Copy(const DrawSurface &, const Theme &);
   QSize sizeHint() const override { return {800, 600}; }
+  QPoint PointerPlace() const { return Pointer; }  // in pixels, where it was last
+  int TimesPainted() const { return StillPaints; } // what lies below the overlay, or a part of it
+  std::function<bool(int key, int shift)> Claims;  // the core takes this key before the menu does
 
 protected:
+  bool event(QEvent *) override;
   void paintEvent(QPaintEvent *) override;
   void resizeEvent(QResizeEvent *) override;
   void mousePressEvent(QMouseEvent *) override;
@@ -41,4 +45,6 @@ private:
   const Theme *Colours = &LightTheme();
   QPixmap Still;
   std::size_t StillCount = 0; // of Shown.Item, in Still
+  int StillPaints = 0;
+  QPoint Pointer;
 };

@@ -10,12 +10,45 @@
 
 namespace {
 constexpr double Degrees = 180 / std::numbers::pi;
-constexpr QPointF LabelOffset(8, -8); // pixels
+constexpr QSizeF PlateRoom(6, 2); // of a label's plate beside its words, pixels
+
+double WidthOf(Ink role) { // pixels
+  switch (role) {
+  case Ink::Grid:
+  case Ink::GridFifth:
+  case Ink::Contour: return 1;
+  case Ink::Guide: return 1.25;
+  case Ink::WillBe: return 2.25;
+  case Ink::WillGo: return 5;
+  default: return 1.75;
+  }
+}
+
+// The words' plate: at its place, or moved into the panel.
+QRectF PlateOf(const DrawItem &item, const SurfaceView &view, QSizeF pixels) {
+  const QFontMetricsF metrics(TypeFont(Type::Base));
+  const QSizeF words(metrics.horizontalAdvance(QString::fromStdString(item.Text)), metrics.height());
+  QRectF plate(view.ToPixels(item.At[0], item.At[1]) - QPointF(PlateRoom.width(), words.height()),
+               words + 2 * PlateRoom);
+  plate.moveLeft(std::max(2.0, std::min(plate.left(), pixels.width() - plate.width() - 2)));
+  plate.moveTop(std::max(2.0, std::min(plate.top(), pixels.height() - plate.height() - 2)));
+  return plate;
+}
+
+void PaintLabel(QPainter &painter, const DrawItem &item, const QRectF &plate, const Theme &theme) {
+  QColor ground = theme.Field;
+  ground.setAlphaF(0.92F);
+  painter.setPen(QPen(theme.Hairline, 1));
+  painter.setBrush(ground);
+  painter.drawRoundedRect(plate.translated(0.5, 0.5), 4, 4);
+  painter.setBrush(Qt::NoBrush);
+  painter.setFont(TypeFont(Type::Base));
+  painter.setPen(InkColour(theme, item));
+  painter.drawText(plate, Qt::AlignCenter, QString::fromStdString(item.Text));
+}
 
 QPen PenOf(const DrawItem &item, const Theme &theme) {
-  const bool thin = item.Role == Ink::Grid || item.Role == Ink::GridFifth || item.Role == Ink::Contour ||
-                    item.Role == Ink::Guide;
-  QPen pen(InkColour(theme, item), thin ? 1.0 : 1.75);
+  QPen pen(InkColour(theme, item), WidthOf(item.Role));
   pen.setCosmetic(true);
   pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::RoundCap);
   pen.setJoinStyle(Qt::RoundJoin);
@@ -140,7 +173,7 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
 }
 
 void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSurface &surface,
-                const SurfaceView &view, const Theme &theme) {
+                const SurfaceView &view, QSizeF pixels, const Theme &theme) {
   const ContourForm form = FormOf(surface.Item, (surface.ContourTo - surface.ContourFrom) * view.Scale);
   QPainterPath disc;
   disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
@@ -150,6 +183,7 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
   const DrawItem *ink = nullptr;
   int contour = 0;
   std::vector<std::pair<QPainterPath, QColor>> lines;
+  std::vector<const DrawItem *> labels; // on top
   const auto flush = [&] {
     if (path.isEmpty()) return;
     QPen pen = PenOf(*ink, theme);
@@ -176,8 +210,7 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
     if (item.What == DrawItem::Kind::Dot) {
       painter.fillRect(QRectF(p.x() - 0.75, p.y() - 0.75, 1.5, 1.5), InkColour(theme, item));
     } else if (item.What == DrawItem::Kind::Label) {
-      painter.setPen(InkColour(theme, item));
-      painter.drawText(p + LabelOffset, QString::fromStdString(item.Text));
+      labels.push_back(&item);
     } else {
       AddStroke(path, item, view);
     }
@@ -185,10 +218,11 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
   flush();
   flushLines();
   painter.setClipping(false);
+  for (const DrawItem *label : labels) PaintLabel(painter, *label, PlateOf(*label, view, pixels), theme);
 }
 
-QRectF PixelBounds(const DrawItem &item, const SurfaceView &view) {
-  constexpr double Pen = 3; // pixels about a stroke
+QRectF PixelBounds(const DrawItem &item, const SurfaceView &view, QSizeF pixels) {
+  constexpr double Pen = 4; // pixels about a stroke
   const auto &at = item.At;
   const QPointF p = view.ToPixels(at[0], at[1]);
   QRectF bounds(p, QSizeF(0, 0));
@@ -198,11 +232,7 @@ QRectF PixelBounds(const DrawItem &item, const SurfaceView &view) {
   case DrawItem::Kind::Arc:
   case DrawItem::Kind::Mark: bounds = Around(p, at[2] * view.Scale); break;
   case DrawItem::Kind::Dot: break;
-  case DrawItem::Kind::Label:
-    bounds = QFontMetricsF(TypeFont(Type::Small))
-                 .boundingRect(QString::fromStdString(item.Text))
-                 .translated(p + LabelOffset);
-    break;
+  case DrawItem::Kind::Label: bounds = PlateOf(item, view, pixels); break;
   }
   return bounds.adjusted(-Pen, -Pen, Pen, Pen);
 }

@@ -14,9 +14,9 @@ struct SurfaceView {
 SurfaceView FitView(const DrawSurface &, QSizeF pixels);
 
 void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
-// Some of the surface's items, in their order.
+// Some of the surface's items, in their order; labels last, on plates that stay inside the panel.
 void PaintItems(QPainter &, std::span<const DrawItem>, const DrawSurface &, const SurfaceView &,
-                const Theme &);
-QRectF PixelBounds(const DrawItem &, const SurfaceView &); // of its strokes or words, in TypeFont(Small)
+                QSizeF pixels, const Theme &);
+QRectF PixelBounds(const DrawItem &, const SurfaceView &, QSizeF pixels); // of its strokes or its plate
 void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
                        const Theme &); // nothing without contours

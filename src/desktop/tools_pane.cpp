@@ -2,15 +2,13 @@
 
 #include "desktop/menus.h"
 #include "desktop/panes.h"
+#include "desktop/tool_flow.h"
 
-#include <QFrame>
-#include <QGridLayout>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
 
 namespace {
-constexpr int Columns = 2, WideTool = 2; // cells
-constexpr int Side = 34;                 // of a button, pixels
 constexpr Ctl Groups[] = {Ctl::Tools_Lines,   Ctl::Tools_Circles, Ctl::Tools_Arcs,      Ctl::Tools_Boxes,
                           Ctl::Tools_Corners, Ctl::Tools_Trim,    Ctl::Tools_Transform, Ctl::Tools_Measure};
 constexpr struct {
@@ -25,28 +23,9 @@ Ctl After(Ctl control) { return static_cast<Ctl>(static_cast<int>(control) + 1);
 bool IsGroup(Ctl control) { return RowOf(control).Name.starts_with("Tools_"); }
 constexpr Ctl PastTools = Ctl::End_Frame; // the first control behind the last tool
 
-void AddHead(QGridLayout &grid, QLabel *head) {
-  head->setContentsMargins(4, grid.rowCount() > 1 ? 8 : 0, 0, 3);
-  head->setWordWrap(true);
-  grid.addWidget(head, grid.rowCount(), 0, 1, Columns);
-}
-
-void AddTools(QGridLayout &grid, const std::vector<QToolButton *> &tools) {
-  const int first = grid.rowCount();
-  int place = 0;
-  for (QToolButton *tool : tools) {
-    const bool wide = tool->toolButtonStyle() != Qt::ToolButtonIconOnly;
-    const int cells = wide ? WideTool : 1;
-    if (place % Columns + cells > Columns) place = (place + Columns - 1) / Columns * Columns;
-    grid.addWidget(tool, first + place / Columns, place % Columns, 1, cells);
-    place += cells;
-  }
-}
-
 QToolButton *SmallTool(Bindings &bindings, Ctl control, const QString &icon) {
   QToolButton *tool = ToolButton(bindings, control, icon);
   tool->setProperty("small", true);
-  tool->setFixedSize(Side, Side);
   return tool;
 }
 
@@ -54,41 +33,49 @@ QToolButton *DrawingTool(Bindings &bindings, Ctl control) {
   const std::string_view name = RowOf(control).Name;
   const QString own = "tools/" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
   if (control != Ctl::RotateDraw) return SmallTool(bindings, control, own);
-  QToolButton *tool = ToolButton(bindings, control, "rotation");
-  tool->setProperty("small", true);
-  tool->setFixedHeight(Side);
+  QToolButton *tool = SmallTool(bindings, control, "rotation");
   tool->setToolButtonStyle(Qt::ToolButtonTextBesideIcon); // its words hold the number of rotations
   tool->setFont(TypeFont(Type::Small));
-  tool->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  tool->setMinimumWidth(QFontMetrics(tool->font()).horizontalAdvance("R=301") + 42);
   return tool;
 }
+
+// Scrolls only what no grid can show, on a very low window.
+class ToolsArea final : public QScrollArea {
+public:
+  explicit ToolsArea(ToolFlow *flow) : Flow(flow) {
+    setObjectName("ToolsPane");
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(flow);
+    setMinimumHeight(120);
+  }
+
+protected:
+  void resizeEvent(QResizeEvent *event) override {
+    QScrollArea::resizeEvent(event);
+    const int wide = Flow->Fit(height());
+    const bool scrolls = Flow->height() > height();
+    setFixedWidth(wide + 1 + (scrolls ? verticalScrollBar()->sizeHint().width() : 0));
+  }
+
+private:
+  ToolFlow *Flow;
+};
 } // namespace
 
 QWidget *BuildToolsPane(Bindings &bindings) {
-  auto *group = Bind(bindings, Ctl::Tools_Frame, new QWidget);
-  auto *grid = new QGridLayout(group);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setSpacing(1);
+  std::vector<ToolGroup> groups;
   for (const Ctl head : Groups) {
-    AddHead(*grid, Bind(bindings, head, Head({})));
-    std::vector<QToolButton *> tools;
+    ToolGroup group{Bind(bindings, head, Head({})), {}};
     for (Ctl tool = After(head); tool != PastTools && !IsGroup(tool); tool = After(tool))
-      tools.push_back(DrawingTool(bindings, tool));
-    AddTools(*grid, tools);
+      group.Tool.push_back(DrawingTool(bindings, tool));
+    groups.push_back(std::move(group));
   }
-  AddHead(*grid, Head("View"));
-  std::vector<QToolButton *> tools;
-  for (const auto &[control, icon] : ViewTools) tools.push_back(SmallTool(bindings, control, icon));
-  AddTools(*grid, tools);
-
-  auto *inner = new QWidget;
-  auto *outer = new QVBoxLayout(inner);
-  outer->setContentsMargins(8, 12, 4, 12);
-  outer->addWidget(group);
-  outer->addStretch();
-  QScrollArea *area = Scrolled(inner, 0);
-  area->setObjectName("ToolsPane");
+  ToolGroup view{Head("View"), {}};
+  for (const auto &[control, icon] : ViewTools) view.Tool.push_back(SmallTool(bindings, control, icon));
+  groups.push_back(std::move(view));
+  auto *flow = Bind(bindings, Ctl::Tools_Frame, new ToolFlow(std::move(groups)));
+  auto *area = new ToolsArea(flow);
   bindings.List.push_back({Ctl::Tools_Frame, area, {}, true});
   return area;
 }
