@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "drafting/command_machine.h"
+#include "drafting/frames.h"
 #include "shell/tool_hints.h"
 
 #include <array>
@@ -118,6 +119,7 @@ void ModeControls(Workbench &bench) {
   out[Ctl::MyChart1_Frame].Visible = results || (wide1 && !out.MyChart1.Series.empty());
   out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
   out[Ctl::sbHints].Visible = !results;
+  out[Ctl::Idle_Prompt].Visible = !out[Ctl::UserPrompt].Visible;
   const bool empty = bench.Grain.Table.EntCount < 0 && !results && bench.Draft.Cmd.CmdNo == 0;
   for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
     out[c].Visible = empty;
@@ -127,6 +129,7 @@ void ModeControls(Workbench &bench) {
 void RefreshScreen(Workbench &bench) {
   Screen &out = bench.Out;
   RefreshDrafting(bench.Draft);
+  RefreshFrames(bench.Draft, !bench.Sim.ResultMode);
   out[Ctl::HotKeyPrompt].Visible = out[Ctl::HotKeyList].Visible;
   for (const HintRow &row : Hints) out[row.Target].Hint = row.Text;
   for (const ToolHint &row : ToolHints()) out[row.Target].Hint = row.Text;
@@ -146,5 +149,6 @@ void RefreshScreen(Workbench &bench) {
   RecentEntries(bench);
   RecoveryControls(bench);
   ModeControls(bench);
+  RefreshDiagnosis(bench);
   RefreshLive(bench);
 }

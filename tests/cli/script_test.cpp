@@ -75,6 +75,7 @@ TEST_F(Script, FaultsNameTheLineAndLeaveNoOutput) {
         std::pair{"cmd 1\nclick 1 x\n", "line 2: cannot click 1 x"},
         std::pair{"cmd 90\nclick 1 1\n", "line 2: unexpected box"}, std::pair{"expect count 1\n", "line 1: "},
         std::pair{"cmd 20\nanswer abc\nexpect box zero\n", "line 3: the box says"},
+        std::pair{"press SelectAll\n", "line 1: SelectAll cannot be used now"},
         std::pair{"fly\n", "line 1: cannot fly"}}) {
     Write("s.txt", lines);
     EXPECT_EQ(Run("script s.txt --save out.mvd --svg out.svg"), 1) << lines;
