@@ -2,7 +2,6 @@
 
 #include "base/number_text.h"
 #include "drafting/report.h"
-#include "macros/evaluator.h"
 
 #include <cmath>
 
@@ -13,12 +12,6 @@ void Refuse(Drafting &d, const std::string &text) {
   const bool abort = d.Grain.GeomAbort; // a question that is asked again fails nothing
   Report(d, text, ErrorTitle, Icon::Stop);
   d.Grain.GeomAbort = abort;
-}
-
-VariableTable Variables(const Drafting &d) {
-  VariableTable table = d.Variables;
-  SetGrainVariables(table, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
-  return table;
 }
 
 std::string Objection(const Question &q, double value) {
@@ -35,8 +28,14 @@ bool IsPlainNumber(const std::string &text) {
          text.find_first_of("+-", 1) == std::string::npos;
 }
 
+Formula FieldFormula(const Drafting &d, std::string_view text) {
+  VariableTable table = d.Variables;
+  SetGrainVariables(table, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
+  return EvaluateFormula(text, table);
+}
+
 std::optional<double> FieldValue(Drafting &d, std::string_view text) {
-  const Formula formula = EvaluateFormula(text, Variables(d));
+  const Formula formula = FieldFormula(d, text);
   if (formula.Good()) return formula.Value;
   Refuse(d, "ERROR: " + formula.Message);
   return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 #include "drafting/drafting.h"
+#include "macros/evaluator.h"
 
 #include <optional>
 #include <string_view>
@@ -22,6 +23,7 @@ std::optional<double> AskAngle(Drafting &, std::string_view label, std::string_v
                                double radians);    // asked in degrees, given in radians
 bool AskDelta(Drafting &, double &dx, double &dy); // "XV=", "YV="; false: cancelled
 
+Formula FieldFormula(const Drafting &, std::string_view text); // with the user's and the grain's variables
 // A field's text as a formula; nothing, and a box titled "Input Error", when it is no number.
 std::optional<double> FieldValue(Drafting &, std::string_view text);
 bool IsPlainNumber(const std::string &text); // digits, sign and point: no formula to be kept

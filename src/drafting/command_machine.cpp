@@ -7,6 +7,7 @@
 #include "drafting/hot_keys.h"
 #include "drafting/point_modes.h"
 #include "drafting/prompt.h"
+#include "drafting/properties.h"
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
@@ -312,7 +313,10 @@ void PutBack(Drafting &d, bool (*change)(Drafting &)) {
     LeaveCommand(d); // rows shift: no selection survives
   else
     RestartCommand(d);
-  if (change(d) && d.KeepWork) d.KeepWork();
+  if (change(d)) {
+    ++d.Changes;
+    if (d.KeepWork) d.KeepWork();
+  }
   SetPrompt(d);
   RedrawPanel(d);
 }
@@ -328,6 +332,7 @@ void RedoChange(Drafting &d) {
 
 void ResetDrafting(Drafting &d) {
   d.Ring = UndoRing{};
+  ++d.Changes;
   d.Track.Target = {};
   LeaveCommand(d);
 }
@@ -344,4 +349,5 @@ void RefreshDrafting(Drafting &d) {
   RefreshSelection(d);
   RefreshTyping(d);
   RefreshHints(d);
+  RefreshProperties(d);
 }

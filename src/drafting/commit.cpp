@@ -34,7 +34,10 @@ void ClearMarks(Drafting &d) {
   for (int i = 0; i <= d.Grain.Table.EntCount; ++i) RowAt(d.Grain.Table, i).Selected = false;
 }
 
-void RedrawPanel(Drafting &d) { Redraw(d.Out.Panel, d.Grain, d.Marks); }
+void RedrawPanel(Drafting &d) {
+  Redraw(d.Out.Panel, d.Grain, d.Marks);
+  if (d.MarkFaults) d.MarkFaults();
+}
 
 void MarkRow(Drafting &d, int index) {
   Entity &row = RowAt(d.Grain.Table, index);

@@ -121,6 +121,14 @@ struct HotKey {
   std::int16_t Key = 0, Shift = 0;
 };
 
+// Numbers typed for the picked entity and not entered yet.
+struct PropertyEdit {
+  int Row = -1; // the picked row; -1 unless exactly one is picked while idle
+  unsigned Changes = 0;
+  std::vector<Ctl> Typed; // fields, the last one typed at the end
+  Ctl Field = Ctl::Count; // being typed: its text stands, be it none
+};
+
 struct ClickShadow; // drafting/click_preview
 
 struct Drafting {
@@ -142,11 +150,13 @@ struct Drafting {
   VariableTable Variables{};
   InstructionLog Log{};
   std::vector<AnswerGiven> Answers{};
-  std::function<void()> KeepWork{}; // writes the recovery file
-  Point Pointer{};                  // of the last move or press over the panel, mm
-  bool NoSnap = false;              // Alt was held then: neither grid nor tracker
-  bool TypingAtPointer = false;     // X_Input was opened by a key on the drawing
-  std::int16_t LastTool = 0;        // the command started last, 0 for none
+  std::function<void()> KeepWork{};   // writes the recovery file
+  std::function<void()> MarkFaults{}; // adds to the drawing, anew, what is amiss with it
+  PropertyEdit Edit{};
+  Point Pointer{};              // of the last move or press over the panel, mm
+  bool NoSnap = false;          // Alt was held then: neither grid nor tracker
+  bool TypingAtPointer = false; // X_Input was opened by a key on the drawing
+  std::int16_t LastTool = 0;    // the command started last, 0 for none
   std::shared_ptr<ClickShadow> Shadow{};
 };
 

@@ -6,6 +6,7 @@
 #include "drafting/creation.h"
 #include "drafting/hot_keys.h"
 #include "drafting/point_modes.h"
+#include "drafting/properties.h"
 #include "drafting/typing.h"
 #include "drafting/view.h"
 #include "shell/design_view.h"
@@ -76,6 +77,8 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuMRU3, [](Workbench &b) { OpenRecent(b, 3); }},
     {Ctl::mnuFileExit, CloseProgram},
     {Ctl::Zoom_Reset, ShowWholeGrain},
+    {Ctl::Diagnosis_Next, ShowNextFault},
+    {Ctl::Close_Gaps, ApplyCloseGaps},
     {Ctl::Zoom_x2, [](Workbench &b) { Zoom(b, Zoomx2); }},
     {Ctl::Zoom_1h, [](Workbench &b) { Zoom(b, Zoom1h); }},
     {Ctl::mnuEditUndo, [](Workbench &b) { UndoChange(b.Draft); }},
@@ -155,6 +158,7 @@ void MainKey(Workbench &bench, const Event &event) {
   constexpr int F1 = 112, controlKey = 2;
   if (event.KeyCode == F1 && event.Shift == 0) return HelpKey(bench, event.Target);
   if (event.KeyCode == 'K' && event.Shift == controlKey) return FindAndPress(bench);
+  if (IsPropertyField(event.Target)) return PropertyKey(bench.Draft, event);
   if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
     return FieldKey(bench.Draft, event);
   if (event.Target == Ctl::DrawPanel || event.KeyCode == 27) return DrawingKey(bench, event);
@@ -162,6 +166,7 @@ void MainKey(Workbench &bench, const Event &event) {
 }
 
 void MainText(Workbench &bench, const Event &event) {
+  if (IsPropertyField(event.Target)) return PropertyText(bench.Draft, event);
   if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields)) {
     FieldText(bench.Draft, event);
     return ShowPointer(bench.Draft);

@@ -4,6 +4,7 @@
 #include "drafting/drafting.h"
 #include "platform/screen.h"
 #include "shell/command_line.h"
+#include "shell/diagnosis_view.h"
 #include "shell/grain_document.h"
 #include "shell/live_view.h"
 #include "shell/recent_files.h"
@@ -62,6 +63,7 @@ struct Workbench {
   HotKey PendingKey; // the last keys pressed in HotKeyForm
   Recovery Recovered;
   SimulationView Sim;
+  DiagnosisView Amiss;
   LiveView Live;
   Recording Record;
   std::string Caption;               // what stands behind "Morvandel - " in the title
