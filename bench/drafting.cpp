@@ -66,6 +66,26 @@ void MoveOver(benchmark::State &state, int cmdNo, bool automatic) {
 void MoveWithTracker(benchmark::State &state) { MoveOver(state, 1, true); }
 void MoveWithSectionTrim(benchmark::State &state) { MoveOver(state, 69, true); }
 
+// A tool with picks held, at work on a copy of the drawing at every move.
+void MoveWithPick(benchmark::State &state, int cmdNo) {
+  Board board;
+  board.Bench.Draft.Track.AutoPoint = true;
+  board.Screen.Lines = ReadScript("answer 2");
+  board.Begin(cmdNo);
+  Entity &held = RowAt(board.Bench.Grain.Table, 0);
+  board.Click((held.X1 + held.X2) / 2, (held.Y1 + held.Y2) / 2);
+  state.counters["held"] = board.Bench.Draft.Cmd.CmdState;
+  int i = 0, shown = 0;
+  for (auto _ : state) {
+    const Point p = OnRing(++i, 30);
+    board.Send(Event::Kind::MouseMove, Ctl::DrawPanel, p.X, p.Y);
+    shown += board.Screen.Panel.Overlay.size() > 3;
+  }
+  state.counters["shown"] = benchmark::Counter(shown, benchmark::Counter::kAvgIterations);
+}
+void MoveWithFillet(benchmark::State &state) { MoveWithPick(state, 55); }
+void MoveWithTrim(benchmark::State &state) { MoveWithPick(state, 60); }
+
 // Pick one of 300 and break it or shorten it, redraw, recovery file; then put back by Undo (not timed).
 void ClickSection(benchmark::State &state) {
   Board board;
@@ -106,6 +126,8 @@ void Find(benchmark::State &state) {
 
 BENCHMARK(MoveWithTracker)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveWithSectionTrim)->Unit(benchmark::kMillisecond);
+BENCHMARK(MoveWithFillet)->Unit(benchmark::kMillisecond);
+BENCHMARK(MoveWithTrim)->Unit(benchmark::kMillisecond);
 BENCHMARK(ClickSection)->Unit(benchmark::kMillisecond);
 BENCHMARK(ClickLine)->Unit(benchmark::kMillisecond);
 BENCHMARK(Find)->Unit(benchmark::kMillisecond);

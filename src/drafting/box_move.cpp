@@ -3,6 +3,7 @@
 #include "drafting/command_machine.h"
 #include "drafting/commit.h"
 #include "drafting/point_modes.h"
+#include "drafting/pointer_notes.h"
 #include "drafting/report.h"
 #include "drafting/selection.h"
 #include "drafting/transform_rows.h"
@@ -127,8 +128,10 @@ const char *StemBoxMove(const Drafting &d) {
 }
 
 void PreviewBoxMove(Drafting &d, Point at) {
-  PreviewSelection(d, at);
+  if (d.Cmd.WindowSelect && d.Cmd.CmdState == 1)
+    ShowWindow(d, {d.Cmd.AnchorX, d.Cmd.AnchorY}, at, AnyEndInside, "Any End Inside");
   if (!d.Cmd.Movement || d.Cmd.PointCount < 0) return;
   const Point from = PointAt(d.Cmd, 0), by{at.X - from.X, at.Y - from.Y};
   ShowTransformed(d, [&](const Entity &e, int) { return Stretched(d, e, by); });
+  ShowReading(d, at, OffsetText(by.X, by.Y));
 }

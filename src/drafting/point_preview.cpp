@@ -51,14 +51,14 @@ void PreviewPoints(Drafting &d, Point at) {
   for (int i = 0; i <= d.Cmd.PointCount; ++i) points.push_back(PointAt(d.Cmd, i));
   points.push_back(at);
   const Solution shape = ShapeOf(d, points);
-  if (anchored || !shape.Added.empty()) ShowReading(d, at, Reading(d, shape, last, at));
-  if (!shape.Solved() || shape.Added.empty()) {
-    if (anchored) Show(d, MakeLine(last.X, last.Y, at.X, at.Y), Ink::Guide);
-    return;
-  }
   std::vector<Entity> rows = shape.Added;
+  const bool made = shape.Solved() && !rows.empty();
+  if (!made && !anchored) return;
   const auto copies = static_cast<std::size_t>(d.Rotation.RotationCount);
-  if (d.Rotation.Active && rows.size() * copies <= MostRows)
+  if (made && d.Rotation.Active && rows.size() * copies <= MostRows)
     for (const Entity &row : shape.Added) AppendCopies(d.Rotation, row, rows);
-  for (const Entity &row : rows) Show(d, row, Ink::WillBe);
+  if (!made) Show(d, MakeLine(last.X, last.Y, at.X, at.Y), Ink::Guide);
+  if (made)
+    for (const Entity &row : rows) Show(d, row, Ink::WillBe);
+  ShowReading(d, at, Reading(d, shape, last, at));
 }

@@ -9,7 +9,8 @@
 #include <utility>
 
 namespace {
-constexpr double LetterPixels = 7, ReadingPixels = 14, NameRight = 10, NameBelow = 20, MarkPixels = 5;
+constexpr double LetterPixels = 7, ReadingPixels = 14, NameRight = 10, NameBelow = 20, RuleAbove = 6,
+                 MarkPixels = 5;
 
 std::string Rounded(double value, double parts) { return PlainText(std::round(value * parts) / parts + 0.0); }
 
@@ -75,6 +76,10 @@ double PixelSize(const DrawSurface &panel) {
 
 void ShowReading(Drafting &d, Point at, std::string text) {
   ShowText(d, at, ReadingPixels, ReadingPixels, Ink::Note, std::move(text));
+}
+
+void ShowRule(Drafting &d, Point corner, std::string text) {
+  ShowText(d, corner, 0, RuleAbove, Ink::Note, std::move(text));
 }
 
 std::string LengthText(double mm) { return Rounded(mm, 1000); }

@@ -10,6 +10,8 @@ double PixelSize(const DrawSurface &); // mm
 
 // Above and right of the position; left of it where the panel ends.
 void ShowReading(Drafting &, Point at, std::string text);
+// Above the upper left corner of a window.
+void ShowRule(Drafting &, Point corner, std::string text);
 // A length in mm to a thousandth, an angle given in radians in degrees to a hundredth, no zeros at the end.
 std::string LengthText(double);
 std::string AngleText(double);

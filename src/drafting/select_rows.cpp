@@ -1,24 +1,36 @@
 #include "drafting/commit.h"
 #include "drafting/point_preview.h"
+#include "drafting/pointer_notes.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
 #include "drafting/transform_rows.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <tuple>
 #include <utility>
 
 namespace {
 constexpr int EraseCommand = 85;
 
-std::vector<Point> TellingPoints(const Entity &e) {
-  std::vector<Point> all;
-  if (e.EntType != CircleType) all = {{e.X1, e.Y1}, {e.X2, e.Y2}};
+struct Telling {
+  std::array<Point, 6> At;
+  std::size_t Count = 0;
+  void Add(Point p) { At[Count++] = p; }
+};
+
+Telling TellingPoints(const Entity &e) {
+  Telling all;
+  if (e.EntType != CircleType) {
+    all.Add({e.X1, e.Y1});
+    all.Add({e.X2, e.Y2});
+  }
   if (e.EntType == LineType) return all;
   const Point axis[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
   for (int quarter = 0; quarter < 4; ++quarter)
     if (e.EntType == CircleType || AngleInArc(quarter * Pi / 2, e, ArcEnds::Closed))
-      all.push_back({e.CenterX + e.Radius * axis[quarter].X, e.CenterY + e.Radius * axis[quarter].Y});
+      all.Add({e.CenterX + e.Radius * axis[quarter].X, e.CenterY + e.Radius * axis[quarter].Y});
   return all;
 }
 } // namespace
@@ -29,7 +41,8 @@ int CountSelected(const EntityTable &table) {
 }
 
 bool InWindow(const Entity &e, const SelectionValues &window) {
-  const auto points = TellingPoints(e);
+  const Telling telling = TellingPoints(e);
+  const auto points = std::span(telling.At).first(telling.Count);
   const auto inside = [&](Point p) { return InRectangle(window, p); };
   const bool all = std::all_of(points.begin(), points.end(), inside);
   const bool any = std::any_of(points.begin(), points.end(), inside);
@@ -53,6 +66,20 @@ void MarkWindow(Drafting &d, Point corner, Point opposite) {
 }
 
 void ShowWindow(Drafting &d, Point a, Point b) {
+  Ctl rule = Ctl::All_Inside_Window;
+  if (d.Select.WindowRule == PartInside) rule = Ctl::Part_Inside_Window;
+  if (d.Select.WindowRule == AllOutside) rule = Ctl::All_Outside_Window;
+  if (d.Select.WindowRule == PartOutside) rule = Ctl::Part_Outside_Window;
+  ShowWindow(d, a, b, InWindow, RowOf(rule).Text.data());
+}
+
+void ShowWindow(Drafting &d, Point a, Point b, TakesRow takes, const char *rule) {
+  SelectionValues window = d.Select;
+  SetWindow(window, a, b);
+  for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
+    if (const Entity &e = RowAt(d.Grain.Table, i); takes(e, window))
+      d.Out.Panel.Overlay.push_back(RowItem(e, Ink::Picked));
+  ShowRule(d, {window.WindowLeft, window.WindowTop}, rule);
   for (const auto &[from, to] : {std::pair{a, Point{b.X, a.Y}}, std::pair{Point{b.X, a.Y}, b},
                                  std::pair{b, Point{a.X, b.Y}}, std::pair{Point{a.X, b.Y}, a}})
     d.Out.Panel.Overlay.push_back(RowItem(MakeLine(from.X, from.Y, to.X, to.Y), Ink::Guide));

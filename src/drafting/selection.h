@@ -29,7 +29,10 @@ int CountSelected(const EntityTable &);
 bool InWindow(const Entity &, const SelectionValues &);
 void SetWindow(SelectionValues &, Point corner, Point opposite); // in any order
 void MarkWindow(Drafting &, Point corner, Point opposite);       // further rows; none is unmarked
-void ShowWindow(Drafting &, Point corner, Point opposite);       // into Overlay
+// Into Overlay: the window, the rows it would take lit, and the rule's name at its upper left corner.
+void ShowWindow(Drafting &, Point corner, Point opposite); // by the rule in force
+using TakesRow = bool (*)(const Entity &, const SelectionValues &);
+void ShowWindow(Drafting &, Point corner, Point opposite, TakesRow, const char *rule);
 
 // The marked rows (Turn 0) and, with images, the rows that are theirs turned by Turn pitches; each row once,
 // by the first picked row it is an image of.

@@ -4,6 +4,7 @@
 #include "geometry/find_entity.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cmath>
 #include <utility>
 
@@ -64,39 +65,51 @@ struct Course {
   }
 };
 
-int FindEqual(const EntityTable &table, const Entity &row, int near) {
-  const int last = table.EntCount;
-  if (near >= 0 && near <= last && SameGeometry(RowAt(table, near), row)) return near;
-  for (int i = 0; i <= last; ++i)
-    if (SameGeometry(RowAt(table, i), row)) return i;
+using Taken = std::bitset<301>;
+
+int FindTwin(const EntityTable &table, const Entity &row, int near, const Taken &taken) {
+  const auto fits = [&](int i) {
+    return !taken[static_cast<std::size_t>(i)] && SameGeometry(RowAt(table, i), row);
+  };
+  if (near <= table.EntCount && fits(near)) return near;
+  for (int i = 0; i <= table.EntCount; ++i)
+    if (fits(i)) return i;
   return -1;
 }
 
+// Rows that are equal are taken in pairs: a second one like it is another row.
 void Differing(const EntityTable &before, const EntityTable &after, TableChange &change) {
   change.Before.clear();
   change.After.clear();
-  int at = 0; // where the row is looked for first: rows move up behind one that was deleted
+  Taken taken;
+  int near = 0; // rows move up behind one that was deleted
   for (int i = 0; i <= before.EntCount; ++i) {
-    const int twin = FindEqual(after, RowAt(before, i), at);
-    if (twin < 0) change.Before.push_back(RowAt(before, i));
-    at = twin < 0 ? at + (after.EntCount >= before.EntCount) : twin + 1;
+    const int twin = FindTwin(after, RowAt(before, i), near, taken);
+    if (twin >= 0)
+      taken.set(static_cast<std::size_t>(twin));
+    else
+      change.Before.push_back(RowAt(before, i));
+    near = twin >= 0 ? twin + 1 : near + (after.EntCount >= before.EntCount);
   }
-  at = 0;
-  for (int i = 0; i <= after.EntCount; ++i) {
-    const int twin = FindEqual(before, RowAt(after, i), at);
-    if (twin < 0) change.After.push_back({RowAt(after, i), -1});
-    at = (twin < 0 ? at : twin) + 1;
-  }
+  for (int i = 0; i <= after.EntCount; ++i)
+    if (!taken[static_cast<std::size_t>(i)]) change.After.push_back({RowAt(after, i), -1});
 }
 
 void Pair(TableChange &change, double tolerance) {
   for (TableChange::Pairing &made : change.After) {
+    const auto has = [&](int on) {
+      return std::any_of(change.After.data(), &made, [on](const auto &other) { return other.On == on; });
+    };
     double most = 0;
     for (std::size_t i = 0; i < change.Before.size(); ++i) {
       const Course course(change.Before[i], tolerance);
       if (!course.Carries(made.Row, tolerance)) continue;
       const double shared = course.Shared(made.Row);
-      if (shared <= std::max(course.Least, most)) continue;
+      const bool nearer = shared > std::max(course.Least, most + course.Least);
+      const bool free = shared > most - course.Least && shared > course.Least && made.On >= 0 &&
+                        has(made.On) &&
+                        !has(static_cast<int>(i)); // of rows one upon the other each has its own
+      if (!nearer && !free) continue;
       most = shared;
       made.On = static_cast<int>(i);
     }
@@ -125,7 +138,8 @@ void Cover(TableChange &change, int on, double tolerance) {
       course.Spans(made.Row, [&](double from, double to) {
         add(change.Made, from, std::min(to, 0.0));
         add(change.Made, std::max(from, course.Length), to);
-        change.Span.emplace_back(std::max(from, 0.0), std::min(to, course.Length));
+        if (std::min(to, course.Length) > std::max(from, 0.0))
+          change.Span.emplace_back(std::max(from, 0.0), std::min(to, course.Length));
       });
   std::sort(change.Span.begin(), change.Span.end());
   double reached = 0;

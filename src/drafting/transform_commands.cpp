@@ -3,6 +3,7 @@
 #include "drafting/command_machine.h"
 #include "drafting/commit.h"
 #include "drafting/point_modes.h"
+#include "drafting/pointer_notes.h"
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
@@ -258,10 +259,18 @@ void PreviewTransform(Drafting &d, Point at) {
   RowMap map;
   switch (d.Cmd.CmdNo) {
   case MoveByPoints:
-    if (held) map = MoveMap(at.X - first.X, at.Y - first.Y);
+    if (!held) return;
+    map = MoveMap(at.X - first.X, at.Y - first.Y);
+    ShowReading(d, at, OffsetText(at.X - first.X, at.Y - first.Y));
     break;
-  case RotateCommand: map = RotateMap(at, defaults.RotationAngleDefault, 0); break;
-  case ScaleCommand: map = ScaleMap(at, defaults.ScaleFactorDefault); break;
+  case RotateCommand:
+    map = RotateMap(at, defaults.RotationAngleDefault, 0);
+    ShowReading(d, at, AngleText(defaults.RotationAngleDefault));
+    break;
+  case ScaleCommand:
+    map = ScaleMap(at, defaults.ScaleFactorDefault);
+    ShowReading(d, at, "x " + LengthText(defaults.ScaleFactorDefault));
+    break;
   default:
     if (d.Out[Ctl::Mirror_Frame].Visible) return;
     if (d.Select.MirrorType != TwoPointMirror) map = MirrorMap(at, MirrorEnd(d, at));

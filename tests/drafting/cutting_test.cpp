@@ -243,9 +243,12 @@ TEST_F(Cutting, TheSectionUnderThePointerIsShownAndNothingTouched) {
   ASSERT_TRUE(Start());
   Bench().Grain.Table = Rows(Cross + "; C 0 0 20"); // the user's own outer circle as the last row
   Run("cmd 69; move 0 0");
-  const auto shown = [&] { return Screen().Panel.Overlay; };
+  const auto shown = [&] {
+    std::vector<DrawItem> goes = Screen().Panel.Overlay;
+    std::erase_if(goes, [](const DrawItem &item) { return item.Role != Ink::WillGo; });
+    return goes;
+  };
   ASSERT_EQ(shown().size(), 1U);
-  EXPECT_EQ(shown()[0].Role, Ink::WillGo);
   EXPECT_NEAR(shown()[0].At[0], -3, 1e-9);
   EXPECT_NEAR(shown()[0].At[2], 4, 1e-9);
   Play("move 12 12");
