@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QPainter>
@@ -27,9 +28,7 @@ protected:
     if (event->type() != QEvent::KeyPress) return false;
     const auto &key = static_cast<const QKeyEvent &>(*event);
     const int code = KeyCode(key);
-    const bool drafting =
-        Control == Ctl::X_Input || Control == Ctl::Y_Input; // whose Tab the core answers too
-    if (code != 13 && code != 27 && !(drafting && code == 9)) return false;
+    if (code != 13 && code != 27 && !TakesKey(code)) return false;
     Event e;
     e.What = Event::Kind::Key;
     e.Target = Control;
@@ -40,6 +39,14 @@ protected:
   }
 
 private:
+  // Tab among the fields of drafting; the way through a list below the field.
+  bool TakesKey(int code) const {
+    constexpr int Tab = 9, Up = 38, Down = 40;
+    if (Control == Ctl::Find_Text) return code == Up || code == Down;
+    const bool drafting = Control == Ctl::X_Input || Control == Ctl::Y_Input;
+    return code == Tab && (drafting || RowOf(Control).Name.starts_with("Prop_"));
+  }
+
   Ctl Control;
   Sender Send;
 };
@@ -148,6 +155,13 @@ void CopyTo(QAbstractButton &button, const Control &from) {
   }
 }
 
+// What an empty field stands for; a hint of the window's own stays while the core has none.
+void CopyHint(QLineEdit &field, const Control &from) {
+  if (from.Hint.empty() && !field.property("hinted").toBool()) return;
+  field.setProperty("hinted", true);
+  field.setPlaceholderText(QString::fromStdString(from.Hint));
+}
+
 void CopyTo(QListWidget &list, const Control &from) {
   const QSignalBlocker quiet(list);
   bool same = list.count() == static_cast<int>(from.Item.size());
@@ -175,6 +189,7 @@ void CopyTo(QWidget &widget, const Control &from) {
     label->setText(text);
   } else if (auto *field = qobject_cast<QLineEdit *>(&widget)) {
     if (field->text() != text) field->setText(text);
+    CopyHint(*field, from);
   } else if (auto *list = qobject_cast<QListWidget *>(&widget)) {
     CopyTo(*list, from);
   } else if (auto *slider = qobject_cast<QSlider *>(&widget)) {

@@ -7,5 +7,6 @@ FormDialog *MakeAbout(Sender, QWidget *parent);
 FormDialog *MakeQuestion(Sender, QWidget *parent);
 FormDialog *MakeHotKey(Sender, QWidget *parent);
 FormDialog *MakeOptions(Sender, QWidget *parent);
+FormDialog *MakeFindTool(Sender, QWidget *parent);
 FormDialog *MakeIncrements(Sender, QWidget *parent);
 FormDialog *MakeGridControl(Sender, QWidget *parent);

@@ -158,6 +158,8 @@ void DrawPanel::wheelEvent(QWheelEvent *wheel) {
 }
 
 void DrawPanel::keyPressEvent(QKeyEvent *key) {
+  constexpr int F1 = 112; // which the window answers, as it may be about a tool
+  if (KeyCode(*key) == F1) return key->ignore();
   Event e;
   e.What = Event::Kind::Key;
   e.Target = Ctl::DrawPanel;

@@ -2,6 +2,7 @@
 #include "desktop/qt_screen.h"
 #include "desktop/theme.h"
 #include "desktop/window_style.h"
+#include "platform/recorded_screen.h"
 #include "shell/command_line.h"
 #include "shell/dispatch.h"
 #include "shell/kn_batch.h"
@@ -35,7 +36,7 @@ int main(int argc, char **argv) {
   QApplication::setStyle(MakeWindowStyle());
   SetBaseFont(10);
   QApplication::setWindowIcon(SvgIcon("morvandel"));
-  QtScreen screen(app);
+  RecordedScreen<QtScreen> screen(app);
   Workbench bench(screen);
   if (!StartUp(bench, folders, line)) return 0;
   screen.Mirror();

@@ -1,12 +1,16 @@
 #include "desktop/main_window.h"
 
 #include "desktop/event_codes.h"
+#include "desktop/help_window.h"
 #include "desktop/icons.h"
 #include "desktop/menus.h"
+#include "desktop/message_strip.h"
 #include "desktop/panes.h"
 #include "desktop/point_strip.h"
+#include "desktop/property_pane.h"
 #include "desktop/side_pane.h"
 #include "desktop/tools_pane.h"
+#include "desktop/typing_card.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -27,14 +31,59 @@ MainWindow::MainWindow(Sender send) {
   BuildMenus(*this, Controls);
   BuildToolBar(*this, Controls);
 
-  Drawing = Bind(Controls, Ctl::DrawPanel, new DrawPanel(send));
+  Rows = new QSplitter(Qt::Vertical);
+  Columns = new QSplitter(Qt::Horizontal);
+  for (QSplitter *splitter : {Rows, Columns}) {
+    splitter->setHandleWidth(1);
+    splitter->setChildrenCollapsible(false);
+  }
+  Rows->addWidget(BuildDrawing());
+  Rows->addWidget(BuildCharts());
+  Rows->setStretchFactor(0, 5);
+  Rows->setStretchFactor(1, 3);
+  Rows->setSizes({500, 300});
+  Side = new SidePane(Controls);
+  Columns->addWidget(Rows);
+  Columns->addWidget(Side);
+  Columns->setStretchFactor(0, 1);
+  Columns->setStretchFactor(1, 0);
+
+  auto *row = new QHBoxLayout;
+  row->setSpacing(0);
+  row->addWidget(BuildToolsPane(Controls));
+  row->addWidget(BuildReportPane(Controls));
+  row->addWidget(Columns, 1);
+  auto *whole = new QWidget;
+  auto *column = new QVBoxLayout(whole);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(BuildRecoveryBar(Controls));
+  column->addLayout(row, 1);
+  auto *points = new PointStrip(Controls);
+  column->addWidget(points);
+  column->addWidget(BuildStatusStrip(Controls));
+  setCentralWidget(whole);
+  BindPopUp(Controls, Ctl::HotKeyList, Ctl::HotKeyPrompt, this);
+  Typing = new TypingCard(*Drawing, *points);
+  Help = new HelpWindow(Controls.Send, this);
+  Drawing->setFocus();
+}
+
+QWidget *MainWindow::BuildDrawing() {
+  Drawing = Bind(Controls, Ctl::DrawPanel, new DrawPanel(Controls.Send));
   auto *over = new QGridLayout(Drawing);
   over->addWidget(BuildEmptyCard(Controls), 0, 0, Qt::AlignCenter);
   Running = new RunNotice;
   Controls.List.push_back({Ctl::SimMsg, Running->Text(), {}, true});
   Controls.List.push_back({Ctl::SimMsg, Running, {}, true});
   over->addWidget(Running, 0, 0, Qt::AlignCenter);
+  over->addWidget(BuildDiagnosisLine(Controls), 0, 0, Qt::AlignTop | Qt::AlignHCenter);
+  Message = new MessageStrip(*Drawing);
+  over->addWidget(Message, 0, 0, Qt::AlignBottom | Qt::AlignHCenter);
+  return Drawing;
+}
 
+QWidget *MainWindow::BuildCharts() {
   ChartRow = new QWidget;
   auto *charts = new QHBoxLayout(ChartRow);
   charts->setContentsMargins(0, 0, 0, 0);
@@ -43,40 +92,29 @@ MainWindow::MainWindow(Sender send) {
   KnCell = BuildChartCell(Controls, Ctl::MyChart2_Frame, Ctl::MyChart2, Kn);
   charts->addWidget(AreaCell, 1);
   charts->addWidget(KnCell, 1);
+  return ChartRow;
+}
 
-  auto *middle = new QSplitter(Qt::Vertical);
-  middle->setHandleWidth(1);
-  middle->setChildrenCollapsible(false);
-  middle->addWidget(Drawing);
-  middle->addWidget(ChartRow);
-  middle->setStretchFactor(0, 5);
-  middle->setStretchFactor(1, 3);
-  middle->setSizes({500, 300});
+void MainWindow::Tell(const QString &text, const char *icon) { Message->Tell(text, icon); }
 
-  auto *row = new QHBoxLayout;
-  row->setSpacing(0);
-  row->addWidget(BuildToolsPane(Controls));
-  row->addWidget(BuildReportPane(Controls));
-  row->addWidget(middle, 1);
-  Side = new SidePane(Controls);
-  row->addWidget(Side);
-  auto *whole = new QWidget;
-  auto *column = new QVBoxLayout(whole);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(BuildRecoveryBar(Controls));
-  column->addLayout(row, 1);
-  column->addWidget(new PointStrip(Controls));
-  column->addWidget(BuildStatusStrip(Controls));
-  setCentralWidget(whole);
-  BindPopUp(Controls, Ctl::HotKeyList, Ctl::HotKeyPrompt, this);
-  Drawing->setFocus();
+void MainWindow::FollowHelp(const Screen &screen) {
+  const bool wanted = screen[Ctl::Help_Window].Visible;
+  if (wanted || Help->isVisible()) Help->Copy(screen);
+  if (wanted == Help->isVisible()) return;
+  Help->setVisible(wanted);
+  if (wanted) Help->activateWindow();
 }
 
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   const QPointer<QWidget> held = focusWidget();
+  if (!Drawing->Claims)
+    Drawing->Claims = [&screen](int key, int shift) {
+      return screen.TakesKey && screen.TakesKey(key, shift);
+    };
   Mirror(Controls, screen);
+  Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
+  FollowHelp(screen);
   // What has the keys and goes gives them back to the drawing, not to whatever stands next to it.
   if (held && !held->isVisible() && isVisible()) Drawing->setFocus();
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());
@@ -85,9 +123,11 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   Kn->Copy(screen.MyChart2, theme);
 }
 
-WindowPlace MainWindow::Place() const {
+WindowPlace MainWindow::Place() {
   const QRect r = isMaximized() ? normalGeometry() : QRect(pos(), size());
-  return {r.left(), r.top(), r.width(), r.height(), isMinimized()};
+  if (Side->isVisible()) SideWidth = Side->width();
+  if (ChartRow->isVisible()) ChartHeight = ChartRow->height();
+  return {r.left(), r.top(), r.width(), r.height(), isMinimized(), SideWidth, ChartHeight};
 }
 
 void MainWindow::Restore(const WindowPlace &place) {
@@ -99,6 +139,10 @@ void MainWindow::Restore(const WindowPlace &place) {
   }
   resize(wanted.size().boundedTo(room.size()));
   move(wanted.topLeft());
+  SideWidth = place.SideWidth > 0 ? place.SideWidth : Side->minimumWidth();
+  Columns->setSizes({std::max(1, width() - SideWidth), SideWidth});
+  ChartHeight = place.ChartHeight;
+  if (ChartHeight > 0) Rows->setSizes({std::max(1, height() - ChartHeight), ChartHeight});
 }
 
 void MainWindow::closeEvent(QCloseEvent *close) {
@@ -126,14 +170,24 @@ void MainWindow::dropEvent(QDropEvent *drop) {
   }
 }
 
+// Keys that nothing in the window has use for are the drawing's; of a field only Escape and F1.
 void MainWindow::keyPressEvent(QKeyEvent *key) {
-  if (KeyCode(*key) == 27) {
-    Event e;
-    e.What = Event::Kind::Key;
-    e.Target = Ctl::DrawPanel;
-    e.KeyCode = 27;
-    Controls.Send(e);
-  } else {
-    QMainWindow::keyPressEvent(key);
-  }
+  constexpr int Escape = 27, F1 = 112;
+  Event e;
+  e.What = Event::Kind::Key;
+  e.KeyCode = KeyCode(*key);
+  e.Shift = ShiftCode(key->modifiers());
+  e.Target = e.KeyCode == F1 ? UnderPointer() : Ctl::DrawPanel;
+  const bool field = qobject_cast<QLineEdit *>(focusWidget()) != nullptr;
+  if (e.KeyCode == 0 || (field && e.KeyCode != Escape && e.KeyCode != F1))
+    return QMainWindow::keyPressEvent(key);
+  if (!field) e.Text = key->text().toStdString();
+  Controls.Send(e);
+}
+
+Ctl MainWindow::UnderPointer() const {
+  QWidget *const there = childAt(mapFromGlobal(QCursor::pos()));
+  for (const Binding &b : Controls.List)
+    if (there && b.Shown == there && there->property("tool").toBool()) return b.Control;
+  return Ctl::DrawPanel;
 }

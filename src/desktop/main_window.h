@@ -6,7 +6,11 @@
 
 #include <QMainWindow>
 
+class HelpWindow;
+class MessageStrip;
+class QSplitter;
 class SidePane;
+class TypingCard;
 
 // frmMain: builds the widgets and shows what the screen holds.
 class MainWindow final : public QMainWindow {
@@ -14,7 +18,8 @@ public:
   explicit MainWindow(Sender);
   void Copy(const Screen &, const Theme &);
   RunNotice &Notice() { return *Running; }
-  WindowPlace Place() const;
+  void Tell(const QString &text, const char *icon); // without stopping the user
+  WindowPlace Place();
   void Restore(const WindowPlace &);
   Bindings Controls;
 
@@ -25,9 +30,19 @@ protected:
   void keyPressEvent(QKeyEvent *) override;
 
 private:
+  QWidget *BuildDrawing(); // what lies over it too
+  QWidget *BuildCharts();
+  void FollowHelp(const Screen &);
+  Ctl UnderPointer() const; // the tool there, else the drawing
+
   DrawPanel *Drawing = nullptr;
   ChartView *Area = nullptr, *Kn = nullptr;
   QWidget *AreaCell = nullptr, *KnCell = nullptr, *ChartRow = nullptr;
   SidePane *Side = nullptr;
   RunNotice *Running = nullptr;
+  MessageStrip *Message = nullptr;
+  TypingCard *Typing = nullptr;
+  HelpWindow *Help = nullptr;
+  QSplitter *Rows = nullptr, *Columns = nullptr; // drawing over charts; both beside the side pane
+  int SideWidth = 0, ChartHeight = 0;            // as last seen
 };

@@ -39,12 +39,16 @@ constexpr MenuRow View[] = {{Ctl::Zoom_Reset, 'Z', "Ctrl+0", "zoom_grain", Plain
                             {Ctl::Zoom_1h, 'O', "Ctrl+-", "zoom_out", Plain, "mnuZoom_1h"},
                             {Ctl::Zoom_Window, 'W', "", "zoom_window", Plain, "mnuZoom_Window"},
                             {Ctl::mnuRefresh, 'R', "F5", "refresh"},
-                            {Ctl::mnuLiveBurn, 'B', "", "", Checkable | Parted},
+                            {Ctl::mnuViewTools, 'T', "", "", Checkable | Parted},
+                            {Ctl::mnuViewReport, 'P', "", "", Checkable},
+                            {Ctl::mnuViewSide, 0, "", "", Checkable},
+                            {Ctl::mnuLiveBurn, 'B', "", "", Checkable},
                             {Ctl::mnuGrid, 'G', "", "grid", Parted},
                             {Ctl::mnuIncrements, 'S', "", ""},
                             {Ctl::mnuThemeLight, 'L', "", "", Checkable | Parted},
                             {Ctl::mnuThemeDark, 'D', "", "", Checkable}};
-constexpr MenuRow Tools[] = {{Ctl::mnuOptions, 'O', "", "configure"},
+constexpr MenuRow Tools[] = {{Ctl::mnuFindTool, 'F', "Ctrl+K", ""},
+                             {Ctl::mnuOptions, 'O', "", "configure"},
                              {Ctl::mnuDebugMode, 'D', "", "", Checkable | Parted}};
 constexpr MenuRow Motor[] = {{Ctl::mnuDims, 'D', "Ctrl+D", "dimensions"},
                              {Ctl::RunSim2, 'R', "Ctrl+R", "", Parted, "mnuRunSim2"},
@@ -54,7 +58,10 @@ constexpr MenuRow Motor[] = {{Ctl::mnuDims, 'D', "Ctrl+D", "dimensions"},
 constexpr MenuRow Templates[] = {{Ctl::mnuchoosetemplate, 'C', "", "templates"},
                                  {Ctl::mnumaketemplate, 'M', "", ""},
                                  {Ctl::mnuTutor, 'T', "", "tutor", Parted}};
-constexpr MenuRow Help[] = {{Ctl::mnuIntro, 'I', "", ""}, {Ctl::mnuAbout, 'A', "", "", Parted}};
+constexpr MenuRow Help[] = {{Ctl::mnuHelpTools, 'T', "", ""},
+                            {Ctl::mnuIntro, 'I', "", ""},
+                            {Ctl::mnuRecord, 'R', "", "", Checkable | Parted},
+                            {Ctl::mnuAbout, 'A', "", "", Parted}};
 
 constexpr struct {
   const char *Title;

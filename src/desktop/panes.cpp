@@ -1,6 +1,7 @@
 #include "desktop/panes.h"
 
 #include "desktop/chart_view.h"
+#include "desktop/elided_label.h"
 #include "desktop/figure_label.h"
 
 #include <QFrame>
@@ -84,10 +85,15 @@ QWidget *BuildStatusStrip(Bindings &bindings) {
   auto *strip = Frame("StatusStrip");
   auto *row = new QHBoxLayout(strip);
   row->setContentsMargins(16, 0, 16, 0);
-  auto *status = Bind(bindings, Ctl::sbStatusBar, new QLabel);
+  row->setSpacing(24);
+  // The keys of this step come first: what the status says of keys they say too.
+  auto *hints = Bind(bindings, Ctl::sbHints, new ElidedLabel);
+  auto *status = Bind(bindings, Ctl::sbStatusBar, new ElidedLabel("X:-0000.000  Y:-0000.000"));
+  hints->setFont(TypeFont(Type::Small));
   status->setFont(TypeFont(Type::Small));
-  status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  row->addWidget(status, 1);
+  row->addWidget(hints);
+  row->addStretch(1);
+  row->addWidget(status);
   strip->setFixedHeight(QFontMetrics(TypeFont(Type::Small)).height() + 12);
   return strip;
 }

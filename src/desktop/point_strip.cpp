@@ -20,7 +20,12 @@ PointStrip::PointStrip(Bindings &bindings) {
   auto *prompt = Bind(bindings, Ctl::UserPrompt, new QLabel);
   prompt->setFont(TypeFont(Type::Prompt));
   prompt->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto *idle = Bind(bindings, Ctl::Idle_Prompt, new QLabel);
+  idle->setFont(TypeFont(Type::Prompt));
+  idle->setProperty("quiet", true);
+  idle->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Row->addWidget(prompt, 1);
+  Row->addWidget(idle, 1);
   Row->addWidget(BuildModes(bindings), 0);
   setMinimumWidth(0);
 }
@@ -50,22 +55,41 @@ QWidget *PointStrip::BuildModes(Bindings &bindings) {
     row->addWidget(mode);
     Mode.push_back(mode);
   }
-  AddField(bindings, *row, Ctl::X_Label, Ctl::X_Input);
-  AddField(bindings, *row, Ctl::Y_Label, Ctl::Y_Input);
+  Fields = new QWidget;
+  auto *fields = new QHBoxLayout(Fields);
+  fields->setContentsMargins(0, 0, 0, 0);
+  fields->setSpacing(4);
+  AddField(bindings, *fields, Ctl::X_Label, Ctl::X_Input);
+  AddField(bindings, *fields, Ctl::Y_Label, Ctl::Y_Input);
+  FieldPlace = new QWidget;
+  auto *place = new QHBoxLayout(FieldPlace);
+  place->setContentsMargins(10, 0, 0, 0);
+  place->addWidget(Fields);
+  row->addWidget(FieldPlace);
   row->addStretch();
   return frame;
 }
 
 void PointStrip::AddField(Bindings &bindings, QBoxLayout &row, Ctl label, Ctl field) {
-  row.addSpacing(10);
   auto *words = Bind(bindings, label, new QLabel);
+  if (label == Ctl::Y_Label) words->setContentsMargins(8, 0, 0, 0);
   row.addWidget(words);
-  row.addSpacing(4);
   auto *input = BindField(bindings, field, new QLineEdit);
   input->setAlignment(Qt::AlignRight);
   input->setFixedWidth(QFontMetrics(TypeFont(Type::Base)).horizontalAdvance("-0000.000") + 20);
   words->setBuddy(input);
   row.addWidget(input);
+}
+
+QWidget *PointStrip::TakeFields() {
+  FieldPlace->setMinimumWidth(FieldPlace->width());
+  return Fields;
+}
+
+void PointStrip::PutFields() {
+  FieldPlace->layout()->addWidget(Fields);
+  FieldPlace->setMinimumWidth(0);
+  Fields->show();
 }
 
 void PointStrip::resizeEvent(QResizeEvent *) { Arrange(); }

@@ -11,6 +11,8 @@ class QToolButton;
 class PointStrip final : public QFrame {
 public:
   explicit PointStrip(Bindings &);
+  QWidget *TakeFields(); // X_Input, Y_Input and their labels; their place stays free
+  void PutFields();      // back
 
 protected:
   void resizeEvent(QResizeEvent *) override;
@@ -22,4 +24,5 @@ private:
 
   std::vector<QToolButton *> Mode;
   QBoxLayout *Row = nullptr;
+  QWidget *Fields = nullptr, *FieldPlace = nullptr;
 };

@@ -113,11 +113,17 @@ void QtScreen::Mirror() {
     QWidget *widget = Open.empty() ? nullptr : Find(Open.back()->Controls, wish);
     if (!widget && Window) widget = Find(Window->Controls, wish);
     if (widget) widget->setFocus();
-    if (auto *field = qobject_cast<QLineEdit *>(widget)) field->selectAll();
+    const bool atEnd = std::exchange(CursorAtEnd, false);
+    if (auto *field = qobject_cast<QLineEdit *>(widget)) atEnd ? field->end(false) : field->selectAll();
   }
 }
 
 Answer QtScreen::Ask(const Box &box) {
+  const bool window = Window && Window->isVisible() && Open.empty();
+  if (box.Passing && box.Offer == Buttons::Ok && window && !QApplication::activeModalWidget()) {
+    Window->Tell(Text(box.Text), IconOf(box.Mark));
+    return Answer::Ok;
+  }
   Mirror();
   QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
   QMessageBox message(parent);
@@ -201,7 +207,7 @@ void QtScreen::RunModal(Form form) {
     case Form::Options: return MakeOptions(send, parent);
     case Form::Grid: return MakeGridControl(send, parent);
     case Form::Increments: return MakeIncrements(send, parent);
-    case Form::FindTool: break;
+    case Form::FindTool: return MakeFindTool(send, parent);
     }
     return MakeAbout(send, parent);
   }());

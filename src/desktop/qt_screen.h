@@ -10,7 +10,7 @@
 class FormDialog;
 
 // The screen of the desktop: widgets show what the core wrote, and send what the user did.
-class QtScreen final : public Screen {
+class QtScreen : public Screen {
 public:
   explicit QtScreen(QApplication &);
   ~QtScreen() override;

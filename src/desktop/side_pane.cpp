@@ -4,6 +4,7 @@
 #include "desktop/figure_label.h"
 #include "desktop/live_burn_pane.h"
 #include "desktop/panes.h"
+#include "desktop/property_pane.h"
 #include "desktop/tools_pane.h"
 
 #include <QPushButton>
@@ -63,13 +64,15 @@ SidePane::SidePane(Bindings &bindings) {
   auto *grain = BuildGrain(bindings);
   grain->setContentsMargins(4, 0, 4, 0);
   outer->addWidget(grain);
+  outer->addWidget(BuildPropertyPane(bindings));
   Live = new LiveBurnPane(bindings);
   outer->addWidget(Live);
   outer->addStretch();
   setWidget(pane);
-  setFixedWidth(std::max(Width, pane->minimumSizeHint().width()) + verticalScrollBar()->sizeHint().width());
+  setMinimumWidth(std::max(Width, pane->minimumSizeHint().width()) + verticalScrollBar()->sizeHint().width());
+  setMaximumWidth(2 * minimumWidth());
   // The pane keeps its place while a tool hides the grain's figures: the drawing must not jump.
-  bindings.List.push_back({Ctl::Tools_Frame, this, {}, true});
+  bindings.List.push_back({Ctl::Side_Pane, this, {}, true});
 }
 
 // Hints begin with the tool's name, which stands above already.

@@ -115,6 +115,10 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
 #Empty_Card, #SimMsg_Card { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
+#Typing_Card, #MessageStrip { background: @Field; border: 1px solid @Edge; border-radius: 8px; }
+#Typing_Card { border-color: @Accent; }
+#Diagnosis_Line { background: @Notice; border: 1px solid @Hairline; border-radius: 8px; }
+QPushButton[slim="true"] { padding: 2px 10px; }
 #ToolCard { background: @Field; border: 1px solid @Hairline; border-radius: 8px; }
 #sbStatusBar { color: @Quiet; }
 *[hairline="true"] { background: @Hairline; }

@@ -69,6 +69,8 @@ public:
   bool CursorAtEnd = false;  // of the text in Focus, none of it selected; reset with it
   bool SystemIsDark = false; // the user's desktop has a dark theme; set before start-up
   std::function<void(const Event &)> OnEvent; // set once by start-up; modal loops feed it again
+  std::function<bool(int key, int shift)>
+      TakesKey; // set by start-up: DrawPanel takes this key before a menu's entry does
   std::function<void(const std::string &)>
       OnAnswer; // RecordedScreen tells each answer to whom it may concern
 

@@ -64,6 +64,7 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   bench.Chart2Hidden = bench.Out.PixelWidth < 1024;
   bench.Draft.Track.AutoPoint = GetSetting(bench.Settings, "Settings", "AutoPoint") == "1";
   bench.Draft.KeepWork = [&bench] { KeepWorkFile(bench); };
+  bench.Draft.MarkFaults = [&bench] { DrawFaults(bench); };
   LeaveCommand(bench.Draft);
 }
 
@@ -84,6 +85,10 @@ void FillDimensions(Workbench &bench) {
 bool StartUp(Workbench &bench, const WorkFolders &folders, const CommandLine &line) {
   Screen &out = bench.Out;
   out.OnEvent = [&bench](const Event &event) { Dispatch(bench, event); };
+  out.TakesKey = [&bench](int key, int shift) {
+    constexpr int control = 2; // the menus' own
+    return (shift & control) == 0 && HotKeyPressed(bench.Draft, key, shift).has_value();
+  };
   bench.Folders = folders;
   bench.Command = line;
   HideWindows(out);
