@@ -222,7 +222,9 @@ TEST_F(Machine, RandomDrawing) {
       } else { // any control of the main window
         Ctl c = static_cast<Ctl>(Random.Below(static_cast<int>(CtlCount)));
         const auto &items = Random[c].Item;
-        const bool leaves = c == Ctl::mnuFileExit || c == Ctl::mnuFileNew || c == Ctl::tbNew ||
+        const bool undoes =
+            c == Ctl::mnuEditUndo || c == Ctl::tbUndo || c == Ctl::mnuEditRedo || c == Ctl::tbRedo;
+        const bool leaves = undoes || c == Ctl::mnuFileExit || c == Ctl::mnuFileNew || c == Ctl::tbNew ||
                             c == Ctl::RunSim2 || c == Ctl::mnuDims || RowOf(c).Window == "Dimensions";
         if (leaves || !Random[c].Visible) c = Random.Below(2) ? Ctl::XFormOption : Ctl::SelectAll;
         Send(Event::Kind::Press, c, 0, 0, 1, 0, 0,
