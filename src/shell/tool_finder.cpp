@@ -44,7 +44,7 @@ constexpr ToolWords Synonyms[] = {
     {Ctl::BoxWidthHeight, "rectangle square slot"},
     {Ctl::BoxEdges, "rectangle square slot"},
     {Ctl::LinePoly, "hexagon pentagon octagon triangle ngon sides"},
-    {Ctl::LineSegment, "explode split approximate facets flatten segments"},
+    {Ctl::LineSegment, "explode approximate facets flatten segments"},
     {Ctl::FilletArc, "round radius corner blend smooth"},
     {Ctl::FilletArc2, "round radius corner blend"},
     {Ctl::FilletChamfer, "bevel corner cut"},
@@ -134,7 +134,7 @@ int Score(const Screen &out, const ToolWords &tool, const std::vector<std::strin
 
 bool CanStart(const Screen &out, Ctl tool) {
   const bool drawing = CommandOf(tool) || tool == Ctl::RotateDraw; // sleeps while results are shown
-  return out[tool].Enabled && out[tool].Visible && (!drawing || out[Ctl::Tools_Frame].Visible);
+  return out[tool].Enabled && out[tool].Visible && (!drawing || !out[Ctl::Report_Frame].Visible);
 }
 
 void Fill(Screen &out, const std::string &query) {

@@ -38,11 +38,11 @@ TEST_F(Finder, KnowsToolsByTheirNamesAndByOthers) {
 TEST_F(Finder, StartsWhatIsChosen) {
   ASSERT_TRUE(Start());
   Play("key Ctrl+K\nexpect visible Find_Tool\ntype Find_Text bevel\nkey Enter\nanswer 1\nanswer 2\n"
-       "expect hidden Find_Tool\nexpect prompt Select First Line");
+       "expect hidden Find_Tool\nexpect prompt Select First Line / Indicate Position");
   Play("press mnuFindTool\ntype Find_Text break\nkey Up\nkey Down\nkey Enter\n"
-       "expect prompt Select First Entity to Break");
+       "expect prompt Select First Entity to Break / Indicate Position");
   Play("key Ctrl+K\ntype Find_Text line\nkey Escape\nexpect hidden Find_Tool\n"
-       "expect prompt Select First Entity to Break");
+       "expect prompt Select First Entity to Break / Indicate Position");
   Play(
       "key Ctrl+K\ntype Find_Text xyzzy\nkey Enter\nexpect visible Find_Tool\nkey Down\ntype Find_Text area\n"
       "press Find_List:" +

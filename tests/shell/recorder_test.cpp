@@ -79,7 +79,7 @@ TEST_F(Recorder, WritesWhatWasDoneNotHowItWasTyped) {
   const std::string script = R"(key C
       move 1.25 2.5
       move 3 4
-      click 0 0
+      click 3 0
       type X_Input 1
       type X_Input 12
       key Enter in X_Input
@@ -109,10 +109,10 @@ TEST_F(Recorder, WritesWhatWasDoneNotHowItWasTyped) {
       click 3.2 3.2
       cmd 20
       answer cancel)";
-  const std::string recorded = RoundTrip("have rotating 1\nhave rotations 3", script);
+  const std::string recorded = RoundTrip("grain 40 100 5 A\nhave rotating 1\nhave rotations 3", script);
   EXPECT_TRUE(recorded.starts_with("grain 40 100 5 A\nhave snap 0\n")) << recorded;
   for (const char *line :
-       {"\nhave rotations 3\nhave rotating 1\npress Circle_CtrEdge\nclick 0.000000 0.000000\n",
+       {"\nhave rotations 3\nhave rotating 1\npress Circle_CtrEdge\nclick 3.000000 0.000000\n",
         "\ntype X_Input 12\nkey Enter in X_Input\n",
         "\npress BoxEdges\nclick 0.000000 0.000000 Alt\n"
         "move 3.000000 4.000000\ntype X_Input 5\n",
