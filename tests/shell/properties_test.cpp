@@ -140,8 +140,9 @@ TEST_F(Properties, DiagnosisFollowsTheDrawing) {
   EXPECT_TRUE(Screen().Panel.Core.empty());
   Play("press Redo\nexpect text Diagnosis_Text The outline is closed");
   EXPECT_EQ(Screen().Panel.Core.size(), 3u);
-  Play("key Escape\nclick 5 0\ntype Prop_Length 9\nkey Enter");
+  Play("key Escape\nclick 5 0\ntype Prop_Length 9\nkey Enter\nexpect text Diagnosis_Text 1 gap of 1 mm");
   EXPECT_TRUE(Screen().Panel.Core.empty());
+  Play("press Undo\nexpect text Diagnosis_Text The outline is closed"); // as many rows as before
 
   Draw({MakeLine(0, 0, 10, 0), MakeLine(10, 0.005, 10, 10), MakeLine(10, 10, 0.2, 0), MakeLine(5, 0, 2, 0),
         MakeLine(1, 1, 1, 1)});

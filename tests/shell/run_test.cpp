@@ -66,10 +66,11 @@ TEST_F(Journey, RefusalsSpeakAndMark) {
        {MakeLine(-8, -8, 8, -8), MakeLine(8, -8, 8, 8), MakeLine(8, 8, -8, 8), MakeLine(-8, 8, -8, -7)})
     AppendRow(Bench().Grain.Table, e);
   Play("press RunSim2\nexpect box Error: \nbox OK\nexpect visible Tools_Frame\nexpect hidden SimMsg");
-  EXPECT_GT(Items(*this, Screen().Panel, Ink::Fault), 0);
+  constexpr int rings = 2; // around the open ends, as long as they are open
+  EXPECT_GT(Items(*this, Screen().Panel, Ink::Fault), rings);
   EXPECT_FALSE(FileExists(At("GraphicFile")));
   Play("press mnuRefresh");
-  EXPECT_EQ(Items(*this, Screen().Panel, Ink::Fault), 0);
+  EXPECT_EQ(Items(*this, Screen().Panel, Ink::Fault), rings);
 }
 
 TEST_F(Journey, StoppedRunLeavesDesignModeAndNoFiles) {
