@@ -134,7 +134,7 @@ int Score(const Screen &out, const ToolWords &tool, const std::vector<std::strin
 
 bool CanStart(const Screen &out, Ctl tool) {
   const bool drawing = CommandOf(tool) || tool == Ctl::RotateDraw; // sleeps while results are shown
-  return out[tool].Enabled && out[tool].Visible && (!drawing || !out[Ctl::Report_Frame].Visible);
+  return out[tool].Enabled && out[tool].Visible && (!drawing || !out[Ctl::Design_Mode].Visible);
 }
 
 void Fill(Screen &out, const std::string &query) {
