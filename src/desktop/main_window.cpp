@@ -97,12 +97,16 @@ QWidget *MainWindow::BuildCharts() {
 
 void MainWindow::Tell(const QString &text, const char *icon) { Message->Tell(text, icon); }
 
-void MainWindow::FollowHelp(const Screen &screen) {
-  const bool wanted = screen[Ctl::Help_Window].Visible;
-  if (wanted || Help->isVisible()) Help->Copy(screen);
+void MainWindow::FollowHelp(const Screen &shown) {
+  const bool wanted = shown[Ctl::Help_Window].Visible;
+  if (wanted || Help->isVisible()) Help->Copy(shown);
   if (wanted == Help->isVisible()) return;
-  Help->setVisible(wanted);
-  if (wanted) Help->activateWindow();
+  if (!wanted) return Help->hide();
+  const QRect room = screen()->availableGeometry();
+  Help->move(std::min(geometry().right(), room.right()) - Help->width() - 24,
+             std::max(geometry().top(), 0) + 96);
+  Help->show();
+  Help->activateWindow();
 }
 
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {

@@ -17,12 +17,7 @@ QWidget *BuildGrain(Bindings &bindings) {
   group->setObjectName("Motor_Dimensions"); // there is room for it beside any running tool
   auto *column = new QVBoxLayout(group);
   column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(12);
-  column->addWidget(Head("Grain"));
-  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
-    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
-  column->addWidget(Hairline());
-  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
+  column->setSpacing(8);
   auto *edit = new QPushButton;
   edit->setObjectName("Grain_Edit");
   bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
@@ -31,7 +26,15 @@ QWidget *BuildGrain(Bindings &bindings) {
     e.Target = Ctl::mnuDims;
     bindings.Send(e);
   });
-  column->addWidget(edit);
+  edit->setProperty("slim", true);
+  auto *head = new QHBoxLayout;
+  head->addWidget(Head("Grain"), 1);
+  head->addWidget(edit);
+  column->addLayout(head);
+  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
+    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
+  column->addWidget(Hairline());
+  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
   return group;
 }
 } // namespace

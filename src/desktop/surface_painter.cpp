@@ -12,6 +12,9 @@ namespace {
 constexpr double Degrees = 180 / std::numbers::pi;
 constexpr QSizeF PlateRoom(6, 2); // of a label's plate beside its words, pixels
 
+// The toolkit's rasteriser looks through all edges of a row of pixels for each of them: long paths are slow.
+constexpr int MostInStroke = 24;
+
 double WidthOf(Ink role) { // pixels
   switch (role) {
   case Ink::Grid:
@@ -212,6 +215,7 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
     } else if (item.What == DrawItem::Kind::Label) {
       labels.push_back(&item);
     } else {
+      if (item.Role != Ink::Contour && path.elementCount() > MostInStroke) flush();
       AddStroke(path, item, view);
     }
   }

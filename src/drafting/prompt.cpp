@@ -46,4 +46,5 @@ std::string PromptText(const Drafting &d) {
 void SetPrompt(Drafting &d) {
   d.Out[Ctl::UserPrompt].Text = PromptText(d);
   d.Out[Ctl::UserPrompt].Visible = d.Cmd.CmdNo != 0;
+  d.Out[Ctl::Idle_Prompt].Visible = d.Cmd.CmdNo == 0;
 }

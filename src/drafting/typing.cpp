@@ -46,8 +46,10 @@ bool TypeAtPointer(Drafting &d, const Event &event) {
   const char c = CharacterOf(event);
   if ((event.Shift & ControlOrAlt) != 0 || c == '\0' || Openers.find(c) == Openers.npos) return false;
   const Control &field = d.Out[Ctl::X_Input];
-  const bool takes = FieldsOf(d) != FieldUse::None && d.Out[Ctl::End_Frame].Visible && field.Visible;
-  if (!takes || !d.Out[Ctl::DrawPanel].Enabled) return false;
+  const FieldUse use = FieldsOf(d);
+  // A command that waits for its value takes no clicks.
+  const bool waits = use == FieldUse::Value || (use != FieldUse::None && d.Out[Ctl::DrawPanel].Enabled);
+  if (!waits || !d.Out[Ctl::End_Frame].Visible || !field.Visible) return false;
   Event typed;
   typed.What = Event::Kind::Text;
   typed.Target = Ctl::X_Input;

@@ -1,6 +1,6 @@
 #include "desktop/player.h"
 
-#include "desktop/surface_painter.h"
+#include "desktop/draw_panel.h"
 #include "drafting/hot_keys.h"
 #include "shell/workbench.h"
 
@@ -108,10 +108,34 @@ Outcome Compare(const QString &wanted, const QString &seen) {
 
 Outcome Flag(bool holds) { return {holds ? Step::Done : Step::Later, "it is not so"}; }
 
+// A message that stops nobody stands in a strip; its only answer is OK, a click on it.
+QLabel *StripText() {
+  auto *words = FindIn<QLabel>("MessageStrip_Text");
+  return words && words->isVisible() ? words : nullptr;
+}
+
+Outcome ExpectBox(const Player &player, const QString &text) {
+  auto *box = qobject_cast<QMessageBox *>(Front());
+  QLabel *const strip = StripText();
+  if (!box && !strip) return {Step::Later, "no box"};
+  const QString seen = box ? box->text() : strip->text();
+  if (!seen.contains(text)) return {Step::Wrong, "the box says \"" + seen + "\""};
+  const bool answered = player.Next < player.Line.size() && player.Line[player.Next].startsWith("box ");
+  if (!answered && strip) Click(*strip, strip->rect().center());
+  if (!answered && box) Click(*box->button(QMessageBox::Ok), QPoint(4, 4));
+  return {};
+}
+
 Outcome AnswerBox(const QString &button, const QString &text) {
   auto *box = qobject_cast<QMessageBox *>(Front());
+  if (QLabel *strip = box ? nullptr : StripText(); strip && button == "OK") {
+    if (!text.isEmpty() && strip->text() != text)
+      return {Step::Wrong, "the strip says \"" + strip->text() + "\""};
+    Click(*strip, strip->rect().center());
+    return {};
+  }
   if (!box) return {Step::Later, "no box"};
-  if (box->text() != text) return {Step::Wrong, "the box says \"" + box->text() + "\""};
+  if (!text.isEmpty() && box->text() != text) return {Step::Wrong, "the box says \"" + box->text() + "\""};
   auto *pressed = box->findChild<QAbstractButton *>(button);
   if (!pressed) return {Step::Wrong, "the box has no such button"};
   Click(*pressed, pressed->rect().center());
@@ -268,6 +292,32 @@ Outcome State(const QString &verb, const QString &name) {
   return Flag((widget ? widget->isVisible() : entry->isVisible()) == (verb == "visible"));
 }
 
+// Letters and digits into each field the tool shows; then they stand there and the tool still runs.
+Outcome Letters(Player &player, int tool) {
+  const QString letters = "az09";
+  for (const char *name : {"Question_Value", "X_Input", "Y_Input", "BoxWidth", "BoxHeight", "PolySides",
+                           "PolyRadius", "PolyRotate"}) {
+    const auto *field = FindIn<QLineEdit>(name);
+    if (!field || !field->isVisible()) continue;
+    TypeText(player, name, letters);
+    if (field->text() != letters) return {Step::Wrong, QString(name) + " holds " + field->text()};
+    if (player.Bench.Draft.Cmd.CmdNo != tool) return {Step::Wrong, QString(name) + " lets keys through"};
+    if (name != QString("Question_Value")) continue;
+    TypeText(player, name, "2");
+    QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
+    return {Step::Later, "a question"};
+  }
+  return {};
+}
+
+// How often what lies below the overlay has been painted, against the count kept by `painted`.
+Outcome Painted(const QString &verb) {
+  static int kept = 0;
+  const int now = dynamic_cast<DrawPanel &>(*FindIn<QWidget>("DrawPanel")).TimesPainted();
+  if (verb == "painted") kept = now;
+  return Flag(verb == "painted" || (now == kept) == (verb == "unpainted"));
+}
+
 // The lines of drafting scripts.
 std::optional<Outcome> Draft(Player &player, const QStringList &word) {
   const QString &verb = word[0], name = word.value(1);
@@ -289,6 +339,13 @@ std::optional<Outcome> Draft(Player &player, const QStringList &word) {
     if (typed.What == Step::Done) QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
     return typed;
   }
+  if (verb == "letters") return Letters(player, name.toInt());
+  if (verb == "hover") {
+    MouseInDrawing(player, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, name.toDouble(),
+                   word.value(2).toDouble());
+    return Outcome{};
+  }
+  if (verb == "expect" && name == "box") return ExpectBox(player, word.mid(2).join(' '));
   if (verb == "type") return TypeText(player, name, word.value(2));
   if (verb != "expect" || name != "count") return std::nullopt;
   const int count = player.Bench.Grain.Table.EntCount + 1;
@@ -300,6 +357,11 @@ Outcome Perform(Player &player, const QString &line) {
   if (const auto drafted = Draft(player, word)) return *drafted;
   const QString verb = word[0], name = word.value(1), rest = line.section(' ', 2);
   if (verb == "press") return Press(line.section(' ', 1));
+  if (verb.endsWith("painted")) return Painted(verb);
+  if (verb == "focus") {
+    const QWidget *held = Front()->focusWidget();
+    return Compare(name, held ? held->objectName() : QString("nothing"));
+  }
   if (verb == "ask") return Press(name, Qt::RightButton);
   if (verb == "text") return TypeText(player, name, rest);
   if (verb == "file") return NameFile(line.section(' ', 1));

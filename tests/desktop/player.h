@@ -17,7 +17,8 @@ struct Workbench;
 //   move|down|up NAME X Y [BUTTON]   X, Y: shares of the widget's width and height from its top left
 //   wheel NAME X Y NOTCHES
 //   file PATH              types PATH into the file dialog and accepts it
-//   box BUTTON TEXT        a message box with exactly this text is open; presses its button
+//   box BUTTON TEXT        a message box or strip with exactly this text is open; presses its button
+//   expect box TEXT        one with this text in it; answered OK unless the next line answers it
 //   drop PATH              drops the file on the main window
 //   close NAME
 //   place NAME X Y W H     moves the window
@@ -26,6 +27,10 @@ struct Workbench;
 //   checked|unchecked|visible|hidden|enabled|disabled NAME
 //   cmd N, click X Y, back X Y, drag X1 Y1 X2 Y2, answer TEXT, type FIELD TEXT, expect count N
 //                          as in drafting scripts, in mm
+//   hover X Y              moves the pointer there, in mm
+//   focus NAME             it has the keys
+//   letters N              letters typed into every field of the running tool N stay there
+//   painted, unpainted, repainted   counts what is painted below the drawing's overlay, and compares
 //   keep NAME, changed NAME, same NAME   the widget's picture, and a comparison with the one kept
 struct Player {
   QApplication &App;

@@ -1,0 +1,60 @@
+#include "desktop/journey.h"
+#include "drafting/command_table.h"
+
+namespace {
+TEST(Typing, ANumberAndTwoEntersDrawWhereOneAims) {
+  Journey j;
+  j.Run(FiveKeys,
+        PastIntro(
+            {"cmd 1", "click 0 0", "hover 6 8", "key 2", "key 0", "shows X_Input 20", "visible Typing_Card",
+             "hover 8 6", "shows X_Input 20", "key Return", "focus Y_Input", "key Return",
+             "hidden Typing_Card", "focus DrawPanel",
+             // a sign opens it too, a formula is worked out, Escape gives the keys back
+             "hover -5 -5", "key -", "key 4", "key /", "key 2", "key Return", "key 3", "key Return", "key 9",
+             "shows X_Input 9", "key Escape", "hidden Typing_Card", "focus DrawPanel", "key Escape",
+             // the radius of a circle that touches two lines
+             "cmd 1", "click 0 -20", "click 20 -20", "click 0 -20", "click 0 -5", "cmd 26", "click 8 -20",
+             "click 0 -10", "key 3", "visible Typing_Card", "key Return", "hidden Typing_Card"}));
+  ASSERT_GE(j.Table.EntCount, 3);
+  const Entity &aimed = RowAt(j.Table, 0);
+  EXPECT_NEAR(aimed.X2, 16, 1e-9);
+  EXPECT_NEAR(aimed.Y2, 12, 1e-9);
+  const Entity &circle = RowAt(j.Table, j.Table.EntCount);
+  EXPECT_EQ(circle.EntType, CircleType);
+  EXPECT_NEAR(circle.Radius, 3, 1e-9);
+}
+
+// Every letter and digit is a hot key here.
+TEST(Typing, NoFieldOfAnyToolLetsAHotKeyThrough) {
+  Journey j;
+  std::string keys;
+  for (int slot = 1; slot <= 100; ++slot) {
+    const int key = slot <= 26 ? 'A' + slot - 1 : slot <= 36 ? '0' + slot - 27 : 0;
+    keys += std::to_string(key) + "\r\n0\r\n";
+  }
+  std::ofstream(j.File("HotKeys"), std::ios::binary) << keys;
+  Lines lines;
+  for (const CommandRow &row : CommandTable()) {
+    if (row.Button == Ctl::Zoom_Window) continue;
+    lines.push_back(QString("cmd %1").arg(row.CmdNo));
+    lines.push_back(QString("letters %1").arg(row.CmdNo));
+    lines.push_back("key Escape");
+    lines.push_back("key Escape");
+  }
+  j.Run(FiveKeys, PastIntro(std::move(lines)));
+}
+
+TEST(Typing, MessagesStandInAStripThatStopsNobody) {
+  Journey j;
+  j.Run(FiveKeys,
+        PastIntro({"cmd 85", "click 3 3", "expect box No ", "hidden MessageStrip", "click 3 3",
+                   "visible MessageStrip", "key Escape", "hidden MessageStrip", "hidden UserPrompt"}));
+}
+TEST(Typing, AMoveRepaintsTheOverlayOnly) {
+  Journey j;
+  j.Run(KeysAnd(Cases + "star6_fillet.mvd"),
+        PastIntro({"cmd 1", "click 0 0", "hover 1 1", "hover 2 1", "painted", "keep DrawPanel", "hover 3 5",
+                   "hover 9 -4", "hover -8 2", "changed DrawPanel", "unpainted", "press Zoom_x2",
+                   "repainted"}));
+}
+} // namespace
