@@ -85,8 +85,8 @@ void ExpectSound(const Workbench &bench) {
   for (const double v : {panel.Left, panel.Top, panel.Width, panel.Height}) ASSERT_TRUE(std::isfinite(v));
   ASSERT_GT(panel.Width, 0);
   ASSERT_LT(panel.Height, 0);
-  ASSERT_EQ(bench.Out[Ctl::Report_Frame].Visible, bench.Sim.ResultMode);
-  ASSERT_NE(bench.Out[Ctl::Report_Frame].Visible, bench.Out[Ctl::Tools_Frame].Visible);
+  ASSERT_FALSE(bench.Out[Ctl::Report_Frame].Visible && !bench.Sim.ResultMode); // either pane may be closed
+  ASSERT_FALSE(bench.Out[Ctl::Tools_Frame].Visible && bench.Sim.ResultMode);
   ASSERT_FALSE(bench.Running);
 }
 
