@@ -12,7 +12,7 @@ void ElidedLabel::paintEvent(QPaintEvent *) {
   QPainter painter(this);
   painter.setPen(palette().color(foregroundRole()));
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
+  painter.drawText(rect(), static_cast<int>(alignment()), shown);
   const QString tip = shown == text() ? QString() : text();
   if (toolTip() != tip) setToolTip(tip);
 }

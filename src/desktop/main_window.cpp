@@ -116,6 +116,9 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
       return screen.TakesKey && screen.TakesKey(key, shift);
     };
   Mirror(Controls, screen);
+  // Where nothing is amiss there is nothing to press.
+  for (const Ctl control : {Ctl::Diagnosis_Next, Ctl::Close_Gaps})
+    Find(Controls, control)->setVisible(screen[control].Visible && screen[Ctl::Diagnosis_Next].Enabled);
   Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
   FollowHelp(screen);

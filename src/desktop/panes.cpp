@@ -91,9 +91,10 @@ QWidget *BuildStatusStrip(Bindings &bindings) {
   auto *status = Bind(bindings, Ctl::sbStatusBar, new ElidedLabel("X:-0000.000  Y:-0000.000"));
   hints->setFont(TypeFont(Type::Small));
   status->setFont(TypeFont(Type::Small));
+  status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  status->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   row->addWidget(hints);
-  row->addStretch(1);
-  row->addWidget(status);
+  row->addWidget(status, 1);
   strip->setFixedHeight(QFontMetrics(TypeFont(Type::Small)).height() + 12);
   return strip;
 }

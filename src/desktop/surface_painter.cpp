@@ -13,7 +13,7 @@ constexpr double Degrees = 180 / std::numbers::pi;
 constexpr QSizeF PlateRoom(6, 2); // of a label's plate beside its words, pixels
 
 // The toolkit's rasteriser looks through all edges of a row of pixels for each of them: long paths are slow.
-constexpr int MostInStroke = 24;
+constexpr int MostInStroke = 8;
 
 double WidthOf(Ink role) { // pixels
   switch (role) {
@@ -166,7 +166,7 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   QPainterPath disc;
   disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
   painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::Antialiasing, false); // strokes cover the edges
   painter.fillPath(disc, surface.Core.empty() ? theme.Disc : theme.Propellant);
   if (!surface.Core.empty()) {
     painter.setClipPath(disc);
