@@ -1,5 +1,6 @@
 #include "desktop/tool_flow.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QToolButton>
 #include <algorithm>
@@ -9,7 +10,8 @@ namespace {
 constexpr int Gap = 1, GroupGap = 7, StackGap = 12, Left = 8, Right = 6, Edge = 8; // pixels
 constexpr ToolGrid Grids[] = {{1, 2, 32}, {1, 3, 32}, {2, 2, 32}, {2, 3, 32},
                               {2, 2, 28}, {2, 3, 28}, {2, 4, 28}};
-constexpr int IconRoom = 8; // of a button beside its icon
+constexpr int IconRoom = 8;                 // of a button beside its icon
+constexpr int WordIcon = 18, WordRoom = 24; // of a button with words
 
 int WidthOf(const ToolGrid &grid) {
   return Left + Right + grid.Stacks * grid.StackWidth() + (grid.Stacks - 1) * StackGap;
@@ -88,9 +90,16 @@ int ToolFlow::Fit(int height) {
     lowest = needed;
     if (needed <= height) break;
   }
-  setFixedSize(WidthOf(*chosen), std::max(lowest, height));
-  Place(*chosen, true);
-  return WidthOf(*chosen);
+  Now = *chosen;
+  setFixedSize(WidthOf(Now), std::max(lowest, height));
+  Place(Now, true);
+  return WidthOf(Now);
+}
+
+// The words of a tool have changed.
+bool ToolFlow::event(QEvent *event) {
+  if (event->type() == QEvent::LayoutRequest) Place(Now, true);
+  return QWidget::event(event);
 }
 
 int ToolFlow::Place(const ToolGrid &grid, bool move) {
@@ -112,10 +121,15 @@ int ToolFlow::Place(const ToolGrid &grid, bool move) {
       const auto cells = CellsOf(group, grid.Columns);
       for (std::size_t t = 0; t < cells.size(); ++t) {
         QToolButton &tool = *group.Tool[t];
-        const int icon = std::min(24, grid.Side - IconRoom);
+        const int wide = cells[t].Span * step - Gap;
+        const int icon = cells[t].Span > 1 ? WordIcon : std::min(24, grid.Side - IconRoom);
         tool.setIconSize(QSize(icon, icon));
-        tool.setGeometry(left + cells[t].Column * step, top + head + cells[t].Row * step,
-                         cells[t].Span * step - Gap, grid.Side);
+        if (cells[t].Span > 1) { // its words come before its icon
+          const int needed = WordIcon + tool.fontMetrics().horizontalAdvance(tool.text()) + WordRoom;
+          const auto style = needed > wide ? Qt::ToolButtonTextOnly : Qt::ToolButtonTextBesideIcon;
+          if (tool.toolButtonStyle() != style) tool.setToolButtonStyle(style);
+        }
+        tool.setGeometry(left + cells[t].Column * step, top + head + cells[t].Row * step, wide, grid.Side);
       }
     }
     top += heights[i] + GroupGap;

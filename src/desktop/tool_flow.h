@@ -25,8 +25,12 @@ public:
   explicit ToolFlow(std::vector<ToolGroup>);
   int Fit(int height); // lays the tools out for it; the width they take
 
+protected:
+  bool event(QEvent *) override;
+
 private:
   int Place(const ToolGrid &, bool move); // the height they take
 
   std::vector<ToolGroup> Group;
+  ToolGrid Now;
 };

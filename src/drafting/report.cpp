@@ -28,7 +28,7 @@ void Report(Drafting &d, const Box &box) {
   d.Grain.GeomAbort = true;
   if (d.Grain.MacroMode == PlayingMode) return;
   Box told = box;
-  told.Passing = told.Offer == Buttons::Ok;
+  told.Passing = told.Offer == Buttons::Ok && told.Text.find('\n') == told.Text.npos; // more is to be read
   if (told.Title.empty()) told.Title = d.Out[Ctl::frmMain].Text;
   d.Out.Ask(told);
 }

@@ -155,7 +155,6 @@ TEST(Desktop, AHotKeyIsBoundByARightClickAndNeverFiresWhileTyping) {
                              "key Shift+G",
                              "shows HotKeys Shift+G",
                              "press HotKey_Ok",
-                             "box OK " + Path(j.File("HotKeys")) + " does not exist. Create new File?",
                              "key Shift+G",
                              "shows Question_Label Enter Arc Radius:",
                              "key Shift+G",

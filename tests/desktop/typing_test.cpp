@@ -4,17 +4,16 @@
 namespace {
 TEST(Typing, ANumberAndTwoEntersDrawWhereOneAims) {
   Journey j;
-  j.Run(FiveKeys,
-        PastIntro(
-            {"cmd 1", "click 0 0", "hover 6 8", "key 2", "key 0", "shows X_Input 20", "visible Typing_Card",
-             "hover 8 6", "shows X_Input 20", "key Return", "focus Y_Input", "key Return",
-             "hidden Typing_Card", "focus DrawPanel",
-             // a sign opens it too, a formula is worked out, Escape gives the keys back
-             "hover -5 -5", "key -", "key 4", "key /", "key 2", "key Return", "key 3", "key Return", "key 9",
-             "shows X_Input 9", "key Escape", "hidden Typing_Card", "focus DrawPanel", "key Escape",
-             // the radius of a circle that touches two lines
-             "cmd 1", "click 0 -20", "click 20 -20", "click 0 -20", "click 0 -5", "cmd 26", "click 8 -20",
-             "click 0 -10", "key 3", "visible Typing_Card", "key Return", "hidden Typing_Card"}));
+  j.Run(FiveKeys, PastIntro({"cmd 1", "click 0 0", "hover 6 8", "key 2", "key 0", "shows X_Input 20",
+                             "visible Typing_Card", "hover 8 6", "shows X_Input 20", "key Return",
+                             "focus Y_Input", "key Return", "hidden Typing_Card", "focus DrawPanel",
+                             // a sign opens it too, a formula is worked out, Escape gives the keys back
+                             "hover -5 -5", "key -", "key 4", "key /", "key 2", "key Return", "key 3",
+                             "key Return", "key 9", "shows X_Input 9", "key Escape", "hidden Typing_Card",
+                             "focus DrawPanel", "key Escape",
+                             // the radius of a circle that touches two lines
+                             "cmd 1", "click 0 -20", "click 20 -20", "click 0 -20", "click 0 -5", "cmd 26",
+                             "click 8 -20", "click 0 -10", "key 3", "focus X_Input", "key Return"}));
   ASSERT_GE(j.Table.EntCount, 3);
   const Entity &aimed = RowAt(j.Table, 0);
   EXPECT_NEAR(aimed.X2, 16, 1e-9);
