@@ -9,9 +9,7 @@ namespace {
 constexpr const char *ErrorTitle = "Input Error";
 
 void Refuse(Drafting &d, const std::string &text) {
-  const bool abort = d.Grain.GeomAbort; // a question that is asked again fails nothing
-  Report(d, text, ErrorTitle, Icon::Stop);
-  d.Grain.GeomAbort = abort;
+  if (d.Grain.MacroMode != 2) d.Out.Ask({text, ErrorTitle, Buttons::Ok, Icon::Stop}); // it is asked again
 }
 
 std::string Objection(const Question &q, double value) {
@@ -37,7 +35,9 @@ Formula FieldFormula(const Drafting &d, std::string_view text) {
 std::optional<double> FieldValue(Drafting &d, std::string_view text) {
   const Formula formula = FieldFormula(d, text);
   if (formula.Good()) return formula.Value;
-  Refuse(d, "ERROR: " + formula.Message);
+  const bool abort = d.Grain.GeomAbort; // a field that is refused fails no click
+  Report(d, "ERROR: " + formula.Message, ErrorTitle, Icon::Stop);
+  d.Grain.GeomAbort = abort;
   return std::nullopt;
 }
 
@@ -54,14 +54,15 @@ std::optional<double> AskQuestion(Drafting &d, const Question &q) {
     out[Ctl::Question_Form].Visible = false;
     text = out[Ctl::Question_Value].Text;
     if (text.find_first_not_of(" \t") == std::string::npos) return std::nullopt;
-    const auto value = FieldValue(d, text);
-    if (!value) continue;
-    if (const std::string objection = Objection(q, *value); !objection.empty()) {
+    const Formula formula = FieldFormula(d, text);
+    const std::string objection =
+        formula.Good() ? Objection(q, formula.Value) : "ERROR: " + formula.Message;
+    if (!objection.empty()) {
       Refuse(d, objection);
       continue;
     }
-    d.Answers.push_back({*value, IsPlainNumber(text) ? std::string() : text});
-    return value;
+    d.Answers.push_back({formula.Value, IsPlainNumber(text) ? std::string() : text});
+    return formula.Value;
   }
 }
 

@@ -11,6 +11,7 @@
 #include <numeric>
 
 namespace {
+constexpr std::size_t MostCrossings = 100; // an outline in the making; the first ones are shown
 // Three digits of a length, no finer than a nanometre.
 std::string Length(double mm) {
   const int places = std::clamp(2 - static_cast<int>(std::floor(std::log10(std::max(mm, 1e-6)))), 0, 6);
@@ -37,7 +38,10 @@ std::string WordsOf(const Diagnosis &d) {
     add(Counted(n, "duplicate entity", "duplicate entities"));
   if (const std::size_t n = d.Extra.NoLength.size(); n > 0)
     add(Counted(n, "entity of no length", "entities of no length"));
-  if (!d.Crossings.empty()) add(Counted(d.Crossings.size(), "crossing", "crossings"));
+  if (d.Crossings.size() >= MostCrossings)
+    add(std::to_string(MostCrossings) + " crossings or more");
+  else if (!d.Crossings.empty())
+    add(Counted(d.Crossings.size(), "crossing", "crossings"));
   if (!d.Branches.empty()) add("more than two ends meet in " + Counted(d.Branches.size(), "place", "places"));
   if (d.Outlines > 1) add(std::to_string(d.Outlines) + " separate outlines");
   return words;
@@ -95,7 +99,7 @@ Diagnosis Diagnose(const EntityTable &table, const GrainDoc &doc) {
   std::vector<Entity> rows;
   for (int i = 0; i <= table.EntCount; ++i)
     if (!extra[static_cast<std::size_t>(i)]) rows.push_back(RowAt(table, i));
-  d.Crossings = SelfCrossings(rows, tolerance);
+  d.Crossings = SelfCrossings(rows, tolerance, MostCrossings);
   if (!d.Closed && open.empty()) {
     d.Branches = BranchPlaces(ends, partners, tolerance);
     d.Outlines = Groups(table.EntCount + 1, ends, joints, extra);

@@ -73,7 +73,7 @@ CrossingPair CarrierCrossings(const Entity &a, const Entity &b) {
   return a.Radius < b.Radius ? CircleCircle(a, b) : CircleCircle(b, a);
 }
 
-std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear) {
+std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear, std::size_t most) {
   std::vector<Shape> shapes;
   shapes.reserve(rows.size());
   for (const Entity &row : rows) shapes.push_back(ShapeOf(row));
@@ -81,7 +81,7 @@ std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear) {
             [](const Shape &a, const Shape &b) { return a.Around.Left < b.Around.Left; });
   std::vector<Point> found;
   for (std::size_t i = 0; i < shapes.size(); ++i)
-    for (std::size_t j = i + 1; j < shapes.size(); ++j) {
+    for (std::size_t j = i + 1; j < shapes.size() && found.size() < most; ++j) {
       const Shape &a = shapes[i], &b = shapes[j];
       if (b.Around.Left > a.Around.Right) break;
       if (b.Around.Low > a.Around.High || a.Around.Low > b.Around.High || Aside(a, b) || Aside(b, a))

@@ -13,5 +13,5 @@ struct CrossingPair {
 CrossingPair CarrierCrossings(const Entity &, const Entity &);
 
 // Where two of the rows cross at more than `clear` (mm) from every end of either. Rows that only touch, and
-// rows on one carrier, do not cross. Whole turns have no ends.
-std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear);
+// rows on one carrier, do not cross. Whole turns have no ends. The search ends at the first `most`.
+std::vector<Point> SelfCrossings(std::span<const Entity> rows, double clear, std::size_t most);

@@ -3,12 +3,22 @@
 #include "geometry/carrier.h"
 #include "geometry/row_measure.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr double Same = 1e-6; // mm
 
+// Most pairs fail here, before a root is taken.
+bool MayCover(const Entity &line, const Entity &other) {
+  const double dx = line.X2 - line.X1, dy = line.Y2 - line.Y1, most = 4 * Same * Same * (dx * dx + dy * dy);
+  const double first = dx * (other.Y1 - line.Y1) - dy * (other.X1 - line.X1);
+  const double second = dx * (other.Y2 - line.Y1) - dy * (other.X2 - line.X1);
+  return first * first <= most && second * second <= most;
+}
+
 bool LineCovers(const Entity &line, const Entity &other) {
+  if (!MayCover(line, other)) return false;
   const Carrier along = CarrierOf(line);
   const double length = RowLength(line);
   for (const Point p : {Point{other.X1, other.Y1}, Point{other.X2, other.Y2}}) {
@@ -19,7 +29,8 @@ bool LineCovers(const Entity &line, const Entity &other) {
 }
 
 bool RoundCovers(const Entity &round, const Entity &other) {
-  if (std::abs(round.Radius - other.Radius) > Same || Distance(CentreOf(round), CentreOf(other)) > Same)
+  if (std::abs(round.Radius - other.Radius) > Same || std::abs(round.CenterX - other.CenterX) > Same ||
+      Distance(CentreOf(round), CentreOf(other)) > Same)
     return false;
   if (IsWholeTurn(round)) return true;
   if (IsWholeTurn(other)) return false;
@@ -55,12 +66,24 @@ Surplus SurplusRows(const EntityTable &table) {
   const auto covers = [&](std::size_t i, std::size_t j) {
     return Around(extent[i], extent[j]) && Covers(table.Row[i], table.Row[j]);
   };
-  for (std::size_t j = 0; j < extent.size(); ++j)
-    for (std::size_t i = 0; i < extent.size() && !none[j]; ++i)
-      if (i != j && !none[i] && covers(i, j) && (i < j || !covers(j, i))) {
-        surplus.Duplicates.push_back(static_cast<int>(j));
-        break;
-      }
+  std::vector<std::size_t> order; // by Left: what a row covers begins within its own width
+  for (std::size_t i = 0; i < extent.size(); ++i)
+    if (!none[i]) order.push_back(i);
+  std::sort(order.begin(), order.end(),
+            [&](std::size_t i, std::size_t j) { return extent[i].Left < extent[j].Left; });
+  std::vector<Extent> sorted;
+  for (const std::size_t i : order) sorted.push_back(extent[i]);
+  std::vector<bool> covered(Count(table));
+  for (std::size_t a = 0, first = 0; a < order.size(); ++a) {
+    while (sorted[first].Left < sorted[a].Left - Same) ++first;
+    for (std::size_t b = first; b < order.size() && sorted[b].Left <= sorted[a].Right + Same; ++b) {
+      if (a == b || !Around(sorted[a], sorted[b])) continue;
+      const std::size_t i = order[a], j = order[b];
+      if (covers(i, j) && (i < j || !covers(j, i))) covered[j] = true;
+    }
+  }
+  for (std::size_t j = 0; j < covered.size(); ++j)
+    if (covered[j]) surplus.Duplicates.push_back(static_cast<int>(j));
   return surplus;
 }
 
