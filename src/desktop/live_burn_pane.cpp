@@ -46,9 +46,6 @@ LiveBurnPane::LiveBurnPane(Bindings &bindings) {
   View->installEventFilter(new LeaveTeller(bindings.Send, View));
   View->setFixedHeight(ChartHeight);
   column->addWidget(View);
-  auto *note = Quiet(Bind(bindings, Ctl::Live_Note, new QLabel));
-  note->setWordWrap(true);
-  column->addWidget(note);
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(8);
@@ -60,6 +57,9 @@ LiveBurnPane::LiveBurnPane(Bindings &bindings) {
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
   column->addLayout(grid);
+  auto *note = Quiet(Bind(bindings, Ctl::Live_Note, new QLabel));
+  note->setWordWrap(true);
+  column->addWidget(note);
   Bind(bindings, Ctl::Live_Frame, this);
 }
 

@@ -83,6 +83,7 @@ void Fill(Workbench &bench) {
   FillChart(bench.Live, bench.Out.MyLiveChart);
   FillFigures(bench.Live, bench.Out);
   bench.Out[Ctl::Live_Note].Text = NoteOf(bench.Live);
+  bench.Out[Ctl::MyLiveChart].Visible = bench.Out[Ctl::Live_Frame].Visible && bench.Live.Run.StepCount > 0;
   bench.Live.Due = false;
 }
 
@@ -153,9 +154,11 @@ void RefreshLive(Workbench &bench) {
   const bool wanted = LiveWanted(bench), shown = wanted && !bench.Sim.ResultMode;
   out[Ctl::mnuLiveBurn].Checked = wanted;
   live.Due = live.Due || shown != out[Ctl::Live_Frame].Visible;
-  for (const Ctl c : {Ctl::Live_Frame, Ctl::MyLiveChart, Ctl::Live_Note}) out[c].Visible = shown;
-  if (!shown)
+  for (const Ctl c : {Ctl::Live_Frame, Ctl::Live_Note}) out[c].Visible = shown;
+  if (!shown) {
+    out[Ctl::MyLiveChart].Visible = false;
     for (const Ctl c : Figures) out[c].Visible = false;
+  }
   if (!shown || bench.Grain.MacroMode == 2) return;
   if (bench.Grain.Table.EntCount < 0) {
     if (live.Asked) ForgetLive(live);
