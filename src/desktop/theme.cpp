@@ -79,7 +79,7 @@ QHeaderView::section { background: @Window; color: @Quiet; border: none; border-
   padding: 6px 8px; }
 QTreeView, QListView { outline: none; selection-background-color: @Hover; selection-color: @Text; }
 QTreeView::item, QListView::item { min-height: 24px; }
-QListView::item { padding: 0 6px; }
+QListView { padding: 2px 4px; }
 QTreeView::item:hover, QListView::item:hover { background: @Hover; }
 QTreeView::item:selected, QListView::item:selected { background: @Pressed; color: @Text; }
 QScrollArea { border: none; background: transparent; }

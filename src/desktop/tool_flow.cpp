@@ -11,7 +11,7 @@ constexpr int Gap = 1, GroupGap = 7, StackGap = 12, Left = 8, Right = 6, Edge = 
 constexpr ToolGrid Grids[] = {{1, 2, 32}, {1, 3, 32}, {2, 2, 32}, {2, 3, 32},
                               {2, 2, 28}, {2, 3, 28}, {2, 4, 28}};
 constexpr int IconRoom = 8;                 // of a button beside its icon
-constexpr int WordIcon = 18, WordRoom = 24; // of a button with words
+constexpr int WordIcon = 16, WordRoom = 23; // of a button with words
 
 int WidthOf(const ToolGrid &grid) {
   return Left + Right + grid.Stacks * grid.StackWidth() + (grid.Stacks - 1) * StackGap;
