@@ -408,6 +408,19 @@ void CloseAll(Player &player) {
   QTimer::singleShot(Beat, &player.Life, [&player] { CloseAll(player); });
 }
 
+void Tick(Player &, std::shared_ptr<QElapsedTimer> waited, std::size_t line);
+
+// Plays the line at the next beat, unless the one before it has put itself off by then.
+void Follow(Player &player, std::shared_ptr<QElapsedTimer> fresh, std::size_t line,
+            std::shared_ptr<bool> putOff) {
+  QTimer::singleShot(Beat, &player.Life, [&player, fresh, line, putOff] {
+    if (player.Typing)
+      Follow(player, fresh, line, putOff);
+    else if (!*putOff)
+      Tick(player, fresh, line);
+  });
+}
+
 // The next beat is set before the line is played: a line may open a modal loop, whose answers are the next
 // lines.
 void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t line) {
@@ -421,9 +434,7 @@ void Tick(Player &player, std::shared_ptr<QElapsedTimer> waited, std::size_t lin
   auto fresh = std::make_shared<QElapsedTimer>();
   fresh->start();
   auto later = std::make_shared<bool>(false);
-  QTimer::singleShot(Beat, &player.Life, [&player, fresh, line, later] {
-    if (!*later) Tick(player, fresh, line + 1);
-  });
+  Follow(player, fresh, line + 1, later);
   const Outcome outcome = Perform(player, player.Line[line]);
   if (outcome.What == Step::Done) return;
   *later = true;
