@@ -15,10 +15,16 @@
 namespace {
 constexpr int Rows = 300;
 
+// What the window gives to its workers (live curve, diagnosis) is no part of an event there.
+struct WindowScreen : ScriptedScreen {
+  void StartWork(std::function<void()>, std::function<void()>) override {}
+  void StartDiagnosis(std::function<void()>, std::function<void()>) override {}
+};
+
 // A program with a drawing of crossing chords, circles and arcs in a grain of 100 mm.
 struct Board {
   ScratchFolder Folder;
-  ScriptedScreen Screen;
+  WindowScreen Screen;
   Workbench Bench{Screen};
 
   Board() {

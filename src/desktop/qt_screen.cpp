@@ -237,3 +237,7 @@ bool QtScreen::Progress(double part) {
 void QtScreen::StartWork(std::function<void()> work, std::function<void()> done) {
   Worker.Start(std::move(work), std::move(done));
 }
+
+void QtScreen::StartDiagnosis(std::function<void()> work, std::function<void()> done) {
+  Diagnoser.Start(std::move(work), std::move(done));
+}

@@ -22,6 +22,7 @@ public:
   void Wait(double seconds) override;
   bool Progress(double part) override;
   void StartWork(std::function<void()> work, std::function<void()> done) override;
+  void StartDiagnosis(std::function<void()> work, std::function<void()> done) override;
 
   void Send(const Event &);
   void Mirror(); // brings every window to what the core wrote; ends the event loop once frmMain was closed
@@ -34,5 +35,5 @@ private:
   std::vector<FormDialog *> Open;
   const Theme *Colours = nullptr;
   bool WasShown = false;
-  LiveBurnWorker Worker{[this] { Mirror(); }};
+  LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }};
 };

@@ -92,6 +92,11 @@ public:
     work();
     done();
   }
+  // The same for the diagnosis, which overtakes no curve and waits for none.
+  virtual void StartDiagnosis(std::function<void()> work, std::function<void()> done) {
+    work();
+    done();
+  }
 
   Control &operator[](Ctl c) { return Show[static_cast<std::size_t>(c)]; }
   const Control &operator[](Ctl c) const { return Show[static_cast<std::size_t>(c)]; }

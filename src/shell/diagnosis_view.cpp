@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 namespace {
 constexpr double RingPixels = 7, CrossPixels = 5;
@@ -69,13 +71,9 @@ std::vector<Extent> Places(const Diagnosis &found, const EntityTable &table) {
   return places;
 }
 
-bool Current(Workbench &bench) {
+DiagnosisView::State Now(const Workbench &bench) {
   const Design &grain = bench.Grain;
-  const DiagnosisView::State now{bench.Draft.Changes, grain.Table.EntCount, grain.Doc.JoinTolerance,
-                                 grain.Doc.GrainRadius};
-  if (bench.Amiss.Of == now) return true;
-  bench.Amiss.Of = now;
-  return false;
+  return {bench.Draft.Changes, grain.Table.EntCount, grain.Doc.JoinTolerance, grain.Doc.GrainRadius};
 }
 
 // A redraw takes all items or none.
@@ -117,15 +115,25 @@ void DrawFaults(Workbench &bench) {
   }
 }
 
-void RefreshDiagnosis(Workbench &bench) {
-  DiagnosisView &view = bench.Amiss;
+namespace {
+struct Examined {
+  DiagnosisView::State Of;
+  EntityTable Table;
+  GrainDoc Doc;
+  Diagnosis Found;
+  Solution Closing;
+  std::vector<DrawItem> Fault;
+};
+
+void Examine(Examined &e) {
+  e.Found = Diagnose(e.Table, e.Doc);
+  e.Closing = CloseGaps(e.Table, e.Doc.JoinTolerance);
+  e.Fault = FaultItems(e.Found, e.Table);
+}
+
+void ShowDiagnosis(Workbench &bench) {
+  const DiagnosisView &view = bench.Amiss;
   const Design &grain = bench.Grain;
-  if (!Current(bench)) {
-    view.Found = Diagnose(grain.Table, grain.Doc);
-    view.Closing = CloseGaps(grain.Table, grain.Doc.JoinTolerance);
-    view.Fault = FaultItems(view.Found, grain.Table);
-    view.Next = 0;
-  }
   ChooseMarks(bench);
   Screen &out = bench.Out;
   const bool drawn = !bench.Sim.ResultMode && grain.Table.EntCount >= 0;
@@ -142,8 +150,31 @@ void RefreshDiagnosis(Workbench &bench) {
              : "No open ends lie within " + within + " of each other; Options has the Join Tolerance";
 }
 
+void Take(Workbench &bench, Examined &e) {
+  DiagnosisView &view = bench.Amiss;
+  if (!(e.Of == Now(bench))) return; // the drawing has gone on
+  view.Of = e.Of;
+  view.Found = std::move(e.Found);
+  view.Closing = std::move(e.Closing);
+  view.Fault = std::move(e.Fault);
+  view.Next = 0;
+  ShowDiagnosis(bench);
+}
+} // namespace
+
+void RefreshDiagnosis(Workbench &bench) {
+  DiagnosisView &view = bench.Amiss;
+  const DiagnosisView::State now = Now(bench);
+  if (view.Of == now) return ShowDiagnosis(bench);
+  if (view.Asked == now) return; // under way
+  view.Asked = now;
+  const auto e = std::make_shared<Examined>(Examined{now, bench.Grain.Table, bench.Grain.Doc, {}, {}, {}});
+  bench.Out.StartDiagnosis([e] { Examine(*e); }, [&bench, e] { Take(bench, *e); });
+}
+
 void ShowNextFault(Workbench &bench) {
   DiagnosisView &view = bench.Amiss;
+  if (!(view.Of == Now(bench))) return; // the places of the drawing at hand are not known yet
   const std::vector<Extent> places = Places(view.Found, bench.Grain.Table);
   if (places.empty()) return;
   const Extent &place = places[view.Next++ % places.size()];

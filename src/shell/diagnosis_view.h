@@ -15,7 +15,8 @@ struct DiagnosisView {
     float GrainRadius = 0;
     bool operator==(const State &) const = default;
   };
-  std::optional<State> Of; // what Found was found in
+  std::optional<State> Of;    // what Found was found in
+  std::optional<State> Asked; // the newest diagnosis asked for
   Diagnosis Found;
   Solution Closing;            // what Close_Gaps would do
   std::vector<DrawItem> Fault; // of Found; a ring's and a cross's size in pixels
@@ -24,7 +25,7 @@ struct DiagnosisView {
   std::size_t Next = 0;        // the place that Diagnosis_Next shows
 };
 
-// Diagnosed anew only when the drawing has changed. While a tool runs no new marks appear, only the words
+// Diagnosed anew only when the drawing has changed, on a copy, beside the work. While a tool runs no new marks appear, only the words
 // follow; marks of what was mended go at once.
 void RefreshDiagnosis(Workbench &);
 void DrawFaults(Workbench &); // into the panel's items, after those of the drawing; once
