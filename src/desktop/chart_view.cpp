@@ -72,6 +72,7 @@ void ChartView::Plot() {
     }
     QCPGraph *area = addGraph();
     area->setData(x, y, true);
+    area->setAdaptiveSampling(false); // it puts teeth on a curve with more steps than the chart has pixels
     area->setAntialiasedFill(false);
     area->setPen(Qt::NoPen);
     area->setBrush(FromRed(series.Fill));
@@ -85,6 +86,7 @@ void ChartView::Plot() {
   for (std::size_t i = 0; i < curves.size(); ++i) {
     QCPGraph *line = addGraph();
     line->setData(x, curves[i], true);
+    line->setAdaptiveSampling(false);
     line->setPen(QPen(LineOver(FromRed(Shown.Series[i].Fill), *Colours), 1.75));
   }
   Key->setText(Shown.Series.size() > 1 ? key : QString());

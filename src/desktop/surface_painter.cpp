@@ -52,7 +52,6 @@ void PaintLabel(QPainter &painter, const DrawItem &item, const QRectF &plate, co
 
 QPen PenOf(const DrawItem &item, const Theme &theme) {
   QPen pen(InkColour(theme, item), WidthOf(item.Role));
-  pen.setCosmetic(true);
   pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::RoundCap);
   pen.setJoinStyle(Qt::RoundJoin);
   if (item.Style == 1) pen.setDashPattern({6, 4});
