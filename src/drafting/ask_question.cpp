@@ -55,8 +55,7 @@ std::optional<double> AskQuestion(Drafting &d, const Question &q) {
     text = out[Ctl::Question_Value].Text;
     if (text.find_first_not_of(" \t") == std::string::npos) return std::nullopt;
     const Formula formula = FieldFormula(d, text);
-    const std::string objection =
-        formula.Good() ? Objection(q, formula.Value) : "ERROR: " + formula.Message;
+    const std::string objection = formula.Good() ? Objection(q, formula.Value) : "ERROR: " + formula.Message;
     if (!objection.empty()) {
       Refuse(d, objection);
       continue;
