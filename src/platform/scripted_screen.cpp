@@ -151,7 +151,8 @@ void ScriptedScreen::RunModal(Form form) {
   Fail(Lines, form == Form::Question ? "unanswered question \"" + (*this)[Ctl::Question_Label].Text + "\""
                                      : "unanswered dialog " + std::string(RowOf(self).Name));
   (*this)[self].Visible = false;
-  if (form == Form::Question) (*this)[Ctl::Question_Value].Text.clear(); // cancelled, or it would be asked anew
+  if (form == Form::Question)
+    (*this)[Ctl::Question_Value].Text.clear(); // cancelled, or it would be asked anew
 }
 
 void ScriptedScreen::Wait(double seconds) { Waited += seconds; }

@@ -25,8 +25,8 @@ struct DiagnosisView {
   std::size_t Next = 0;        // the place that Diagnosis_Next shows
 };
 
-// Diagnosed anew only when the drawing has changed, on a copy, beside the work. While a tool runs no new marks appear, only the words
-// follow; marks of what was mended go at once.
+// Diagnosed anew only when the drawing has changed, on a copy, beside the work. While a tool runs no new
+// marks appear, only the words follow; marks of what was mended go at once.
 void RefreshDiagnosis(Workbench &);
 void DrawFaults(Workbench &); // into the panel's items, after those of the drawing; once
 void ShowNextFault(Workbench &);

@@ -19,12 +19,10 @@ struct PlaceField {
   const char *Key;
   int WindowPlace::*Field;
 };
-constexpr PlaceField PlaceFields[] = {{"MainLeft", &WindowPlace::Left},
-                                      {"MainTop", &WindowPlace::Top},
-                                      {"MainWidth", &WindowPlace::Width},
-                                      {"MainHeight", &WindowPlace::Height},
-                                      {"SideWidth", &WindowPlace::SideWidth},
-                                      {"ChartHeight", &WindowPlace::ChartHeight}};
+constexpr PlaceField PlaceFields[] = {
+    {"MainLeft", &WindowPlace::Left},       {"MainTop", &WindowPlace::Top},
+    {"MainWidth", &WindowPlace::Width},     {"MainHeight", &WindowPlace::Height},
+    {"SideWidth", &WindowPlace::SideWidth}, {"ChartHeight", &WindowPlace::ChartHeight}};
 
 void HideWindows(Screen &out) {
   for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
