@@ -21,11 +21,6 @@ struct WindowScreen : ScriptedScreen {
   void StartDiagnosis(std::function<void()>, std::function<void()>) override {}
 };
 
-// The live curve is a worker's, which nobody waits for.
-struct BenchScreen : ScriptedScreen {
-  void StartWork(std::function<void()>, std::function<void()>) override {}
-};
-
 // A program with a drawing of crossing chords, circles and arcs in a grain of 100 mm.
 struct Board {
   ScratchFolder Folder;
