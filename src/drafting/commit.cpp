@@ -2,6 +2,7 @@
 
 #include "drafting/ask_question.h"
 #include "drafting/command_table.h"
+#include "drafting/point_preview.h"
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/view.h"
@@ -42,15 +43,7 @@ void RedrawPanel(Drafting &d) {
 void MarkRow(Drafting &d, int index) {
   Entity &row = RowAt(d.Grain.Table, index);
   row.Selected = true;
-  DrawItem flash;
-  flash.Role = Ink::Picked;
-  if (row.EntType == LineType) {
-    flash.At = {row.X1, row.Y1, row.X2, row.Y2};
-  } else {
-    flash.What = row.EntType == CircleType ? DrawItem::Kind::Circle : DrawItem::Kind::Arc;
-    flash.At = {row.CenterX, row.CenterY, row.Radius, row.StartAngle, row.EndAngle};
-  }
-  d.Out.Panel.Flash = {flash};
+  d.Out.Panel.Flash = {RowItem(row, Ink::Picked)};
   ++d.Out.Panel.FlashNo;
 }
 
