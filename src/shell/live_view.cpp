@@ -75,7 +75,8 @@ std::string NoteOf(const LiveView &live) {
   if (!live.Asked) return "The curve appears with the first closed outline";
   if (live.UnderWay) return curve ? "Former curve" : "";
   if (live.Newest.Burnt) return live.Run.Notice;
-  const std::string why = live.Newest.Open ? "The outline is not closed" : live.Newest.Trouble;
+  std::string why = live.Newest.Open ? "The outline is not closed" : live.Newest.Trouble;
+  if (why.starts_with("Error: ")) why.erase(0, 7); // a note, no message
   return curve ? why + "; this is the former curve" : why;
 }
 
