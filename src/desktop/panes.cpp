@@ -140,11 +140,11 @@ QWidget *BuildEmptyCard(Bindings &bindings) {
   auto *hint = Bind(bindings, Ctl::Empty_Hint, new QLabel);
   hint->setAlignment(Qt::AlignCenter);
   column->addWidget(hint);
-  auto *row = new QHBoxLayout;
-  row->setSpacing(8);
+  auto *ways = new QVBoxLayout; // below each other: a small drawing has no room for three in a row
+  ways->setSpacing(8);
   for (const Ctl control : {Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
-    row->addWidget(Button(bindings, control));
-  column->addLayout(row);
+    ways->addWidget(Button(bindings, control));
+  column->addLayout(ways);
   card->setCursor(Qt::ArrowCursor);
   bindings.List.push_back({Ctl::Empty_Hint, card, {}, true});
   return card;
