@@ -43,8 +43,7 @@ void RedrawPanel(Drafting &d) {
 void MarkRow(Drafting &d, int index) {
   Entity &row = RowAt(d.Grain.Table, index);
   row.Selected = true;
-  d.Out.Panel.Flash = {RowItem(row, Ink::Picked)};
-  ++d.Out.Panel.FlashNo;
+  FlashRow(d, row);
 }
 
 bool Apply(Drafting &d, const Solution &solution, std::string_view name) {

@@ -9,7 +9,6 @@
 #include "drafting/prompt.h"
 #include "drafting/report.h"
 #include "geometry/carrier.h"
-#include "macros/evaluator.h"
 
 #include <cmath>
 
@@ -24,9 +23,7 @@ bool Blank(const std::string &text) { return text.find_first_not_of(" \t") == st
 
 std::optional<double> ValueOf(const Drafting &d, Ctl field) {
   if (Blank(TextOf(d, field))) return std::nullopt;
-  VariableTable variables = d.Variables;
-  SetGrainVariables(variables, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
-  const Formula formula = EvaluateFormula(TextOf(d, field), variables);
+  const Formula formula = FieldFormula(d, TextOf(d, field));
   const bool fits = formula.Good() && std::abs(formula.Value) <= MostLength;
   return fits ? std::optional(formula.Value) : std::nullopt;
 }

@@ -241,8 +241,7 @@ PickedRow PickEntity(Drafting &d, Point p, int typeMask, std::string_view none, 
     if (!none.empty()) Report(d, none, "ERROR", Icon::Stop);
   } else {
     d.Cmd.PickFound = true;
-    d.Out.Panel.Flash = {RowItem(pick.Row, Ink::Picked)};
-    ++d.Out.Panel.FlashNo;
+    FlashRow(d, pick.Row);
     if (kind != 0) LogInput(d, kind, pick.Index, p.X, p.Y);
   }
   return pick;

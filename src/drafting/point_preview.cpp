@@ -40,6 +40,11 @@ DrawItem RowItem(const Entity &e, Ink role) {
   return item;
 }
 
+void FlashRow(Drafting &d, const Entity &e) {
+  d.Out.Panel.Flash = {RowItem(e, Ink::Picked)};
+  ++d.Out.Panel.FlashNo;
+}
+
 void PreviewPoints(Drafting &d, Point at) {
   const Point last = LastPoint(d.Cmd);
   const bool anchored = d.Cmd.PointCount >= 0;
