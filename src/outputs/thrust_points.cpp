@@ -97,7 +97,7 @@ std::vector<std::size_t> Choose(const Curve &c, const std::vector<std::size_t> &
           next[j] = sum;
           before[k][j] = i;
         }
-    least = std::move(next);
+    least.swap(next);
   }
   std::vector<std::size_t> chosen;
   for (std::size_t j = n - 1, k = count; k-- > 0; j = before[k][j]) chosen.push_back(candidate[j]);
@@ -120,7 +120,8 @@ std::vector<ThrustPoint> ThrustPoints(const MotorRun &run, std::size_t most) {
     if (f < Least && t < 1) return; // readers take the first zero for the end
     const ThrustPoint p{t * end, f * peak};
     area += (p.Time - last.Time) * (p.Thrust + last.Thrust) / 2;
-    points.push_back(last = p);
+    points.push_back(p);
+    last = p;
   };
   for (const std::size_t i : Choose(c, Candidates(c), most - 1)) add(c.T[i], c.F[i]);
   add(1, 0);
