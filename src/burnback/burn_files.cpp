@@ -39,9 +39,9 @@ std::string CheckFileText(const BurnRun &run) {
   for (const char *head : {"Core Area", "Ends Area", "Regression Dist"}) Put(out, head);
   EndRecord(out);
   for (const RowFigures &row : run.Figures) {
-    Put(out, FormatMask(row.CoreArea, "0000.0000"));
-    Put(out, FormatMask(row.EndsArea, "0000.0000"));
-    Put(out, FormatMask(row.BurnDist, "00.00"));
+    Put(out, FormatMask(row.CoreArea, CheckAreaMask));
+    Put(out, FormatMask(row.Section, CheckAreaMask));
+    Put(out, FormatMask(row.BurnDist, CheckDistMask));
     EndRecord(out);
   }
   return std::move(out.Bytes);

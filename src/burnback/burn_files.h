@@ -10,5 +10,8 @@
 void WriteRow(StreamedFile &, const BurnEntity &, int index);
 void WriteStepEnd(StreamedFile &);
 
-std::string CheckFileText(const BurnRun &); // header, then core area, ends area, burn distance as texts
+// How CheckFile shows areas and distances.
+constexpr const char *CheckAreaMask = "0000.0000", *CheckDistMask = "00.00";
+// Header, then core area, the section left (once, whichever ends burn) and burn distance as texts.
+std::string CheckFileText(const BurnRun &);
 std::string KnProfileText(const BurnRun &); // burn distance and Kn of each row

@@ -14,6 +14,7 @@ struct ResultRow {
 // The same figures as they were worked out, before they are narrowed.
 struct RowFigures {
   double BurnDist = 0, CoreArea = 0, EndsArea = 0, Kn = 0; // mm, mm2, mm2; Kn 0 without a throat
+  double Section = 0;                                      // mm2 left by the sum of the steps, once
 };
 
 // One drawn piece of an outline, in design coordinates.

@@ -29,7 +29,7 @@ void FillRows(const GrainDoc &doc, const std::vector<double> &midStep, BurnRun &
     b += s;
     if (static_cast<float>(b * ends) >= doc.GrainLength) break;
     left -= i < midStep.size() ? s * midStep[i] : 0;
-    RowFigures row{b, (length - b * ends) * run.StepPerimeter[i], ends * left, 0};
+    RowFigures row{b, (length - b * ends) * run.StepPerimeter[i], ends * left, 0, left};
     if (run.HasThroat) row.Kn = (row.CoreArea + row.EndsArea) / At;
     run.Figures.push_back(row);
     run.Result.push_back({static_cast<float>(b), static_cast<float>(row.CoreArea),

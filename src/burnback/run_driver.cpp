@@ -157,6 +157,10 @@ void FillFigures(const GrainDoc &doc, BurnRun &run) {
   const double h = run.BurnIncrement, R = run.GrainRadius, length = doc.GrainLength, throat = doc.ThroatDiam;
   const int ends = (doc.EndsExposed & 1) + (doc.EndsExposed >> 1 & 1);
   const double At = Pi * (throat / 2) * (throat / 2);
+  run.Result.clear();
+  run.Figures.clear();
+  run.SliverVolume = 0;
+  run.MaxBurnArea = run.MaxKn = 0;
   double P = 0;
   for (const double perimeter : run.StepPerimeter) P += perimeter;
   run.Section = P * h;
@@ -174,6 +178,7 @@ void FillFigures(const GrainDoc &doc, BurnRun &run) {
     // A little more than half a step back: the front touched the wall in this step.
     if (run.SliverVolume == 0 && run.TouchDist - h / 1.9 <= b)
       run.SliverVolume = static_cast<float>((length - b * ends) * A0);
+    row.Section = A0;
     row.EndsArea = ends * A0;
     const double total = row.CoreArea + row.EndsArea;
     run.MaxBurnArea = std::max(run.MaxBurnArea, total);

@@ -14,5 +14,5 @@ bool WriteBurnFile(const Design &, const BurnOptions &, double firstStep, double
 std::string CheckStep(double grainRadius, double step);
 bool CheckOutline(const Design &, BurnRun &run, BurnRefusal &); // the area scan; leaves the centroid
 
-// From the steps' perimeters to areas, Kn and the report's figures.
+// From the steps' perimeters to areas, Kn and the report's figures; may be filled anew for other dimensions.
 void FillFigures(const GrainDoc &, BurnRun &);
