@@ -1,0 +1,170 @@
+#include "thermochem/adjustment.h"
+
+#include "thermochem/basis.h"
+#include "thermochem/species_thermo.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Settled = 8e-5, Smallest = 1e-35;
+
+double MolesInBasis(const Solver &s, int e) { return std::max<double>(s.Moles[s.BasisList[e]], Smallest); }
+
+// The heat drawn by a reaction at held entropy turns its own balance: the stiffness this adds, with the
+// damping that keeps strongly coupled reactions from swinging.
+double EntropyTerm(const Solver &s, int i, double stiffness) {
+  double change = s.STerm[i];
+  for (int e = 1; e <= s.ElementCount; ++e)
+    if (s.ReactionMatrix[i][e] != 0) change -= s.ReactionMatrix[i][e] * s.STerm[s.BasisList[e]];
+  const double term = change * change / (GasCalories * s.Cp);
+  double damping = 1;
+  if (term > 0.5 * stiffness) damping = 1.5;
+  if (term > stiffness) damping = 3;
+  if (term > 1.5 * stiffness) damping = 5;
+  return term * damping;
+}
+
+// Takes the step: the basis gives up its part, and the smallest basis species now below the new one leaves.
+void MoveBasis(Solver &s, double temperature, int i, double delta) {
+  const double threshold = 0.99 * s.Moles[i];
+  double least = 0;
+  int leaving = 0;
+  for (int e = 1; e <= s.ElementCount; ++e) {
+    const double c = s.ReactionMatrix[i][e];
+    if (c == 0) continue;
+    float &moles = s.Moles[s.BasisList[e]];
+    moles = static_cast<float>(moles - c * delta);
+    if (moles < threshold && (leaving == 0 || moles <= least)) {
+      least = moles;
+      leaving = e;
+    }
+  }
+  if (leaving != 0) SwapBasis(s, temperature, s.BasisList[leaving], i, leaving);
+}
+
+void Adjust(Solver &s, double temperature, double relaxation, int i) {
+  double delta = 0, stiffness = 0, keep = relaxation;
+  const double moles = s.Moles[i];
+  Limits limits = ReactionLimits(s, i);
+  const auto bounded = [&] {
+    delta = std::min(std::max(delta, limits.Lower * relaxation), limits.Upper * relaxation);
+    if (std::abs(delta) >= 0.0001 * moles && moles + delta > s.MinMoles) s.Moved = true;
+    s.Moles[i] = static_cast<float>(moles + delta);
+    MoveBasis(s, temperature, i, delta);
+  };
+  if (moles < 0) {
+    delta = -1.001 * moles + s.MinMoles;
+    return bounded();
+  }
+  double q = 0, gas = 0;
+  for (int e = 1; e <= s.ElementCount; ++e) {
+    const double v = limits.Coefficient[e];
+    if (v == 0) continue;
+    gas += v;
+    const double basis = s.Moles[s.BasisList[e]];
+    if (basis > 0) q += v * std::log(basis);
+  }
+  double affinity = s.LogK[i] - q - s.LogScale * gas;
+  s.SpeciesStatus[i] = UnderAdjustment;
+  if (i > s.GasCount) {
+    if (std::abs(affinity) < Settled) return;
+    if (affinity >= 0 && moles <= 1e-7 * s.TotalWeight) {
+      if (moles == static_cast<float>(s.MinMoles)) return;
+      delta = s.MinMoles - moles;
+      return bounded();
+    }
+  } else {
+    double target = s.MinMoles;
+    bool direct = moles == 0;
+    if (!direct && affinity + s.LogScale < 5) {
+      target = std::exp(std::max(-affinity - s.LogScale, -100.0));
+      const double room = std::max(std::min(-limits.Lower, limits.Upper), s.MinMoles);
+      if (moles / room < 0.01) limits.Upper = 0.011 * room;
+      direct = (moles + target) / room <= 0.01;
+    }
+    if (direct) {
+      target = std::max(target, s.MinMoles);
+      if (std::abs(1 - moles / target) < 0.0008) return;
+      s.SpeciesStatus[i] = SetDirectly;
+      s.Moles[i] = static_cast<float>(target);
+      return MoveBasis(s, temperature, i, target - moles);
+    }
+    affinity += std::log(moles) + s.LogScale;
+    if (std::abs(affinity) <= Settled) return;
+    stiffness = 1 / moles;
+  }
+  for (int e = 1; e <= s.ElementCount; ++e) {
+    const double v = limits.Coefficient[e];
+    if (v != 0) stiffness += v * v / MolesInBasis(s, e);
+  }
+  const double entropy = s.TrackEntropy ? EntropyTerm(s, i, stiffness) : 0;
+  if (stiffness == 0) {
+    stiffness = 1e-7;
+    keep = 0.999999;
+  }
+  delta = std::max(-affinity / (stiffness + entropy), -keep * moles);
+  s.SpeciesStatus[i] = OutOfBasis;
+  bounded();
+}
+
+} // namespace
+
+Limits ReactionLimits(const Solver &s, int species) {
+  Limits limits;
+  for (int e = 1; e <= s.ElementCount; ++e) {
+    const double c = s.ReactionMatrix[species][e];
+    if (c == 0) continue;
+    const int b = s.BasisList[e];
+    const double extent = s.Moles[b] / c;
+    if (c > 0)
+      limits.Upper = std::min(limits.Upper, extent);
+    else
+      limits.Lower = std::max(limits.Lower, extent);
+    if (b <= s.GasCount) limits.Coefficient[e] = c;
+  }
+  return limits;
+}
+
+void AdjustmentPass(Solver &s, double temperature, double pressure) {
+  const double relaxation = std::max(0.05, 0.5 - (s.Pass - 1) / 20.0);
+  if (!s.HoldGasTotal) {
+    double gas = 0;
+    for (int i = 1; i <= s.GasCount; ++i) gas += s.Moles[i];
+    s.LogScale = std::log(pressure / std::max(gas, Smallest));
+  }
+  s.Moved = false;
+  for (int k = 1; k <= s.SpeciesCount; ++k) {
+    const int i = s.Order[k];
+    if (s.SpeciesStatus[i] != InBasis) Adjust(s, temperature, relaxation, i);
+  }
+}
+
+bool FirstGuess(Solver &s, double temperature) {
+  for (int i = 1; i <= s.SpeciesCount; ++i) {
+    s.Moles[i] = 0;
+    s.Key[i] = 10;
+    for (int e = 1; e <= s.ElementCount; ++e) s.Key[i] -= std::sqrt(std::abs(s.AtomMatrix[i][e]));
+  }
+  s.BasisStale = true;
+  SpeciesThermo(s, temperature);
+  if (!PickBasis(s)) return false;
+  FormReactions(s, temperature, true);
+  for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = -s.LogK[i];
+  SortByKey(s);
+  for (int k = 1; k <= s.SpeciesCount; ++k) {
+    const int i = s.Order[k];
+    if (s.SpeciesStatus[i] == InBasis || Excluded(s, i)) continue;
+    const double half = ReactionLimits(s, i).Upper / 2;
+    s.Moles[i] = static_cast<float>(s.Moles[i] + half);
+    for (int e = 1; e <= s.ElementCount; ++e) {
+      float &moles = s.Moles[s.BasisList[e]];
+      moles = static_cast<float>(moles - s.ReactionMatrix[i][e] * half);
+    }
+  }
+  s.BasisStale = true;
+  s.Moved = false;
+  for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = s.Moles[i];
+  return true;
+}
