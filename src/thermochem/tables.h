@@ -1,6 +1,4 @@
 #pragma once
-#include "thermochem/data_records.h"
-
 #include <array>
 #include <cstdint>
 #include <string>
@@ -12,6 +10,24 @@ inline constexpr int FillerRecords = 29; // list position p is record p + Filler
 
 inline constexpr double GasCalories = 1.9871;  // cal/mol/K
 inline constexpr double GasLitreAtm = 0.08205; // l atm/mol/K
+
+// One ingredient as its record tells it.
+struct IngredientRecord {
+  std::string Name;                    // without trailing blanks
+  std::array<int, 6> Count{};          // a zero ends the formula
+  std::array<std::string, 6> Symbol{}; // as written, any case
+  double HeatOfFormation = 0;          // cal/g
+  double Density = 0;                  // lb/cu-in
+};
+
+// One species as its record tells it: two ranges of fit constants, c1..c8 in [0]..[7].
+struct SpeciesRecord {
+  std::string Name;      // 8 characters at most, without trailing blanks
+  std::int32_t Mark = 0; // 1 on gases
+  std::array<std::int32_t, 7> AtomicNumber{}, Atoms{};
+  std::array<std::array<float, 8>, 2> C{};
+  std::array<float, 2> Lo{}, Hi{}; // kelvin
+};
 
 // Both data files, read whole.
 struct DataFiles {
