@@ -183,6 +183,12 @@ double RoundStep(double span, double most) {
   return ten * 10;
 }
 
+std::string TickText(double value, double step) {
+  const int places = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 12);
+  return FormatMask(value,
+                    places == 0 ? "##,##0" : "0." + std::string(static_cast<std::size_t>(places), '0'));
+}
+
 void PaintLegend(cairo_t *cr, double from, double to, const PageBox &box, double textSize) {
   const double barTop = box.Top + 2 * textSize, barHeight = box.Height - 2.5 * textSize,
                barWidth = 1.4 * textSize;
@@ -200,8 +206,6 @@ void PaintLegend(cairo_t *cr, double from, double to, const PageBox &box, double
   cairo_pattern_destroy(ramp);
 
   const double span = to - from, step = RoundStep(span, std::clamp(barHeight / (2.5 * textSize), 2.0, 8.0));
-  const int places = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 12);
-  const std::string mask = places == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(places), '0');
   cairo_set_dash(cr, nullptr, 0, 0);
   cairo_set_line_width(cr, 0.07 * textSize);
   for (double k = std::ceil(from / step - 1e-9); k * step <= to + span * 1e-9; ++k) {
@@ -210,7 +214,7 @@ void PaintLegend(cairo_t *cr, double from, double to, const PageBox &box, double
     cairo_move_to(cr, box.Left + barWidth, y);
     cairo_line_to(cr, box.Left + barWidth + 0.4 * textSize, y);
     cairo_stroke(cr);
-    DrawText(cr, FormatMask(k * step, mask), box.Left + barWidth + 0.8 * textSize, y + 0.36 * textSize,
+    DrawText(cr, TickText(k * step, step), box.Left + barWidth + 0.8 * textSize, y + 0.36 * textSize,
              {.Size = textSize, .Colour = Text});
   }
 }

@@ -2,6 +2,7 @@
 #include "platform/draw_surface.h"
 
 #include <cairo.h>
+#include <string>
 
 // A rectangle of the page, Y downward.
 struct PageBox {
@@ -20,6 +21,7 @@ void PaintSurface(cairo_t *, const DrawSurface &, const PageBox &, double pen = 
 
 // The round step of 1, 2 or 5 times a power of ten that parts a span into at most this many; span above 0.
 double RoundStep(double span, double most);
+std::string TickText(double value, double step); // with the decimals its step needs
 
 // A colour bar with round values beside it and its title above it; the box holds all of it.
 void PaintLegend(cairo_t *, double from, double to, const PageBox &, double textSize);
