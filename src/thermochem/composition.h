@@ -1,4 +1,5 @@
 #pragma once
+#include "thermochem/elements.h"
 #include "thermochem/pep_run.h"
 
 // The chosen ingredients and the elements they bring. False: `trouble` says why there is nothing to compute
@@ -13,6 +14,3 @@ bool LoadSpecies(const DataFiles &, const ElementTable &, SpeciesTable &, std::v
 
 // Gram atoms into `elements`, weight, density and enthalpy at a propellant temperature in degrees Celsius.
 Mix ComposeMix(const IngredientTable &, ElementTable &elements, double celsius);
-
-// Atomic weight in g/mol, atomic numbers 1..100; 0 outside.
-double AtomicWeight(int atomicNumber);

@@ -41,10 +41,11 @@ struct Fields {
     return static_cast<std::int32_t>(word);
   }
   float Float() { return std::bit_cast<float>(Int()); }
-  float Count() {
+  std::int32_t Count() {
     const std::int32_t value = Int();
-    return value > LeastFloatBits || value < -LeastFloatBits ? std::bit_cast<float>(value)
-                                                             : static_cast<float>(value);
+    if (std::abs(std::int64_t{value}) <= LeastFloatBits) return value;
+    const float count = std::bit_cast<float>(value);
+    return count == std::floor(count) && std::abs(count) < 1e6F ? static_cast<std::int32_t>(count) : -1;
   }
 };
 
@@ -55,7 +56,7 @@ std::string_view Trimmed(std::string_view text) {
   return from == text.npos ? std::string_view() : text.substr(from, to - from + 1);
 }
 
-std::string WriteIngredient(const IngredientRecord &record) {
+std::string WriteIngredient(const IngredientFields &record) {
   std::string bytes;
   PutText(bytes, record.Lead, 3);
   PutText(bytes, record.Group, 5);
@@ -68,9 +69,9 @@ std::string WriteIngredient(const IngredientRecord &record) {
   return bytes;
 }
 
-IngredientRecord ReadIngredient(std::string_view bytes) {
+IngredientFields ReadIngredient(std::string_view bytes) {
   Fields from{bytes};
-  IngredientRecord record;
+  IngredientFields record;
   record.Lead = from.Text(3);
   record.Group = from.Text(5);
   record.Confidence = from.Text(1);
@@ -86,15 +87,15 @@ std::string WriteSpecies(const SpeciesRecord &record) {
   std::string bytes;
   PutInt(bytes, record.Mark);
   PutText(bytes, record.Name, 8);
-  PutInt(bytes, record.Spare);
-  for (const SpeciesElement &pair : record.Pair) {
-    PutInt(bytes, pair.Number);
-    PutInt(bytes, static_cast<std::int32_t>(pair.Atoms));
+  PutInt(bytes, 0);
+  for (std::size_t k = 0; k < SpeciesPairs; ++k) {
+    PutInt(bytes, record.AtomicNumber[k]);
+    PutInt(bytes, record.Atoms[k]);
   }
-  for (const FitRange &range : record.Range) {
-    for (const float c : range.C) PutFloat(bytes, c);
-    PutFloat(bytes, range.Low);
-    PutFloat(bytes, range.High);
+  for (std::size_t range = 0; range < record.C.size(); ++range) {
+    for (const float c : record.C[range]) PutFloat(bytes, c);
+    PutFloat(bytes, record.Lo[range]);
+    PutFloat(bytes, record.Hi[range]);
   }
   return bytes;
 }
@@ -111,17 +112,15 @@ SpeciesRecord ReadSpecies(std::string_view bytes) {
   SpeciesRecord record;
   record.Mark = from.Int();
   record.Name = from.Text(8);
-  record.Spare = from.Int();
-  for (SpeciesElement &pair : record.Pair) {
-    const float number = from.Count();
-    // What is no whole number of this range is no element.
-    pair.Number = number == std::floor(number) && std::abs(number) < 1e6F ? static_cast<int>(number) : -1;
-    pair.Atoms = from.Count();
+  from.Int();
+  for (std::size_t k = 0; k < SpeciesPairs; ++k) {
+    record.AtomicNumber[k] = from.Count();
+    record.Atoms[k] = from.Count();
   }
-  for (FitRange &range : record.Range) {
-    for (float &c : range.C) c = from.Float();
-    range.Low = from.Float();
-    range.High = from.Float();
+  for (std::size_t range = 0; range < record.C.size(); ++range) {
+    for (float &c : record.C[range]) c = from.Float();
+    record.Lo[range] = from.Float();
+    record.Hi[range] = from.Float();
   }
   return record;
 }

@@ -1,7 +1,5 @@
 #include "thermochem/elements.h"
 
-#include "base/fault.h"
-
 #include <array>
 
 namespace {
@@ -46,7 +44,4 @@ std::string_view ElementSymbol(int number) {
   return number >= 1 && number <= NamedElements ? Symbols[number - 1] : std::string_view();
 }
 
-float AtomicWeight(int number) {
-  if (number < 1 || number > WeightedElements) throw Fault{9, "Subscript out of range"};
-  return Weights[number - 1];
-}
+float AtomicWeight(int number) { return number >= 1 && number <= WeightedElements ? Weights[number - 1] : 0; }

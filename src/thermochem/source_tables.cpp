@@ -13,6 +13,11 @@ namespace {
 constexpr double GramsPerCcOfPoundsPerCuIn = 27.6799;
 constexpr double WeightTolerance = 2e-4; // of a formula weight told to its rounding, relative
 
+// Of a formula.
+struct FormulaPart {
+  int Number = 0, Atoms = 0; // atomic number, count
+};
+
 // Walks the lines of a table; Field() is by the column's name.
 struct Table {
   std::string_view Rest;
@@ -91,8 +96,8 @@ std::string NameField(Table &table, std::size_t longest) {
 }
 
 // In the order given. Empty when the field is refused.
-std::vector<SpeciesElement> FormulaField(Table &table, std::size_t mostElements) {
-  std::vector<SpeciesElement> formula;
+std::vector<FormulaPart> FormulaField(Table &table, std::size_t mostElements) {
+  std::vector<FormulaPart> formula;
   const std::string field = table.Field("formula");
   std::string_view rest = field;
   while (!(rest = Trimmed(rest)).empty()) {
@@ -107,9 +112,9 @@ std::vector<SpeciesElement> FormulaField(Table &table, std::size_t mostElements)
     else if (count.empty() || NumeralLength(count) != count.size() || !NumeralValue(count, atoms) ||
              !(atoms >= 1 && atoms <= 999) || atoms != std::floor(atoms))
       table.Fail("formula", fmt::format("\"{}\": expected a whole count of 1 to 999 behind a colon", pair));
-    for (const SpeciesElement &earlier : formula)
+    for (const FormulaPart &earlier : formula)
       if (earlier.Number == number) table.Fail("formula", fmt::format("\"{}\": named twice", pair));
-    formula.push_back({number, static_cast<float>(atoms)});
+    formula.push_back({number, static_cast<int>(atoms)});
   }
   if (formula.empty() || formula.size() > mostElements)
     table.Fail("formula", fmt::format("expected 1 to {} elements, found {}", mostElements, formula.size()));
@@ -136,15 +141,13 @@ std::string DensityField(Table &table) {
   return FittedField(table, "density_g_cc", grams / GramsPerCcOfPoundsPerCuIn, "", 6);
 }
 
-FitRange RangeFields(Table &table, const std::string &prefix) {
-  FitRange range;
-  for (std::size_t i = 0; i < range.C.size(); ++i)
-    range.C[i] = static_cast<float>(table.Number(fmt::format("{}_c{}", prefix, i + 1)));
-  range.Low = static_cast<float>(table.Number(prefix + "_Tlo"));
-  range.High = static_cast<float>(table.Number(prefix + "_Thi"));
-  if (!(range.Low >= 0 && range.High >= range.Low))
+void RangeFields(Table &table, const std::string &prefix, SpeciesRecord &record, std::size_t range) {
+  for (std::size_t i = 0; i < record.C[range].size(); ++i)
+    record.C[range][i] = static_cast<float>(table.Number(fmt::format("{}_c{}", prefix, i + 1)));
+  record.Lo[range] = static_cast<float>(table.Number(prefix + "_Tlo"));
+  record.Hi[range] = static_cast<float>(table.Number(prefix + "_Thi"));
+  if (!(record.Lo[range] >= 0 && record.Hi[range] >= record.Lo[range]))
     table.Fail(prefix + "_Thi", "the upper limit is below the lower one");
-  return range;
 }
 
 } // namespace
@@ -160,21 +163,20 @@ std::string FittedNumber(double value, std::size_t width) {
 }
 
 std::string ReadIngredientTable(std::string_view text, const std::string &name,
-                                std::vector<IngredientRecord> &records) {
+                                std::vector<IngredientFields> &records) {
   Table table{text, name};
   if (!OpenTable(table, {"name", "formula", "hf_cal_per_g"})) return table.Trouble;
   records.clear();
   std::set<std::string> seen;
   while (table.Trouble.empty() && NextRow(table, table.Row)) {
-    IngredientRecord record;
+    IngredientFields record;
     record.Name = NameField(table, 30);
     if (!seen.insert(record.Name).second) table.Fail("name", "\"" + record.Name + "\" stands there twice");
-    const std::vector<SpeciesElement> formula = FormulaField(table, CompositionFields);
+    const std::vector<FormulaPart> formula = FormulaField(table, CompositionFields);
     if (!table.Trouble.empty()) break;
     double weight = 0;
     for (std::size_t k = 0; k < formula.size(); ++k) {
-      record.Composition[k] =
-          fmt::format("{:>3}{:<2}", static_cast<int>(formula[k].Atoms), ElementSymbol(formula[k].Number));
+      record.Composition[k] = fmt::format("{:>3}{:<2}", formula[k].Atoms, ElementSymbol(formula[k].Number));
       weight += formula[k].Atoms * AtomicWeight(formula[k].Number);
     }
     if (!table.Field("formula_weight").empty())
@@ -211,20 +213,24 @@ std::string ReadSpeciesTable(std::string_view text, const std::string &name,
     condensedBegan = phase == "condensed";
     // Every gas is marked: a propellant takes the mark of the last gas that its elements let in.
     record.Mark = condensedBegan ? 0 : 1;
-    const std::vector<SpeciesElement> formula = FormulaField(table, SpeciesPairs);
+    const std::vector<FormulaPart> formula = FormulaField(table, SpeciesPairs);
     if (!table.Trouble.empty()) break;
-    std::copy(formula.begin(), formula.end(), record.Pair.begin());
-    record.Range = {RangeFields(table, "r1"), RangeFields(table, "r2")};
+    for (std::size_t k = 0; k < formula.size(); ++k) {
+      record.AtomicNumber[k] = formula[k].Number;
+      record.Atoms[k] = formula[k].Atoms;
+    }
+    RangeFields(table, "r1", record, 0);
+    RangeFields(table, "r2", record, 1);
     records.push_back(record);
   }
   if (table.Trouble.empty() && records.empty()) table.Trouble = name + ": holds no species";
   return table.Trouble;
 }
 
-std::string IngredientFileBytes(const std::vector<IngredientRecord> &records) {
+std::string IngredientFileBytes(const std::vector<IngredientFields> &records) {
   std::string bytes;
-  for (int filler = 1; filler < FirstIngredient; ++filler) bytes += WriteIngredient({});
-  for (const IngredientRecord &record : records) bytes += WriteIngredient(record);
+  for (int filler = 0; filler < FillerRecords; ++filler) bytes += WriteIngredient({});
+  for (const IngredientFields &record : records) bytes += WriteIngredient(record);
   return bytes;
 }
 

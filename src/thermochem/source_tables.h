@@ -19,11 +19,11 @@
 // Each returns an empty text when all went well, else one sentence that names the table, the line and the
 // column.
 std::string ReadIngredientTable(std::string_view text, const std::string &name,
-                                std::vector<IngredientRecord> &);
+                                std::vector<IngredientFields> &);
 std::string ReadSpeciesTable(std::string_view text, const std::string &name, std::vector<SpeciesRecord> &);
 
 // The bytes of the two data files: fillers before the first ingredient, the count before the first species.
-std::string IngredientFileBytes(const std::vector<IngredientRecord> &);
+std::string IngredientFileBytes(const std::vector<IngredientFields> &);
 std::string SpeciesFileBytes(const std::vector<SpeciesRecord> &);
 
 // A number as at most `width` characters, as many digits as fit; empty when it cannot be held.

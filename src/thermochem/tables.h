@@ -18,6 +18,7 @@ struct IngredientRecord {
   std::array<std::string, 6> Symbol{}; // as written, any case
   double HeatOfFormation = 0;          // cal/g
   double Density = 0;                  // lb/cu-in
+  std::string Confidence;              // in the heat: A, B, C (estimated) or nothing
 };
 
 // One species as its record tells it: two ranges of fit constants, c1..c8 in [0]..[7].

@@ -14,7 +14,7 @@ int main(int argc, char **argv) {
   const std::string source = std::string(argv[1]) + "/", target = std::string(argv[2]) + "/";
   const std::string ingredientsPath = source + "ingredients.csv", speciesPath = source + "species.csv";
   std::string ingredientText, speciesText;
-  std::vector<IngredientRecord> ingredients;
+  std::vector<IngredientFields> ingredients;
   std::vector<SpeciesRecord> species;
   std::string trouble = ReadWhole(ingredientsPath, ingredientText);
   if (trouble.empty()) trouble = ReadWhole(speciesPath, speciesText);
