@@ -114,7 +114,7 @@ bool ReadIngredients(const PepInputs &inputs, const DataFiles &files, Ingredient
     if (!MatchElements(record, row, present, trouble)) return false;
     double weight = 0;
     for (std::size_t k = 0; k < row.Count.size(); ++k)
-      weight += row.Count[k] * AtomicWeight(row.AtomicNumber[k]);
+      weight += double{AtomicWeight(row.AtomicNumber[k])} * row.Count[k];
     row.MolecularWeight = static_cast<float>(weight);
     if (weight == 0) messages.push_back(Describe(row) + " holds no element: it adds weight alone");
     ingredients.Row[++ingredients.IngredientCount] = row;
@@ -144,7 +144,7 @@ bool LoadSpecies(const DataFiles &files, const ElementTable &elements, SpeciesTa
     species.Hi[s] = record.Hi;
     double weight = 0;
     for (int e = 1; e <= elements.ElementCount; ++e) {
-      weight += atoms[e] * AtomicWeight(elements.AtomicNumber[e]);
+      weight += double{AtomicWeight(elements.AtomicNumber[e])} * atoms[e];
       sum[e] += std::abs(atoms[e]);
     }
     species.MolecularWeight[s] = static_cast<float>(weight);

@@ -177,7 +177,7 @@ std::string ReadIngredientTable(std::string_view text, const std::string &name,
     double weight = 0;
     for (std::size_t k = 0; k < formula.size(); ++k) {
       record.Composition[k] = fmt::format("{:>3}{:<2}", formula[k].Atoms, ElementSymbol(formula[k].Number));
-      weight += formula[k].Atoms * AtomicWeight(formula[k].Number);
+      weight += double{AtomicWeight(formula[k].Number)} * formula[k].Atoms;
     }
     if (!table.Field("formula_weight").empty())
       if (const double told = table.Number("formula_weight");
