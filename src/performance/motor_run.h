@@ -24,7 +24,7 @@ struct MotorFigures {
   double PropellantMass = 0;                 // g, by geometry
   double DeliveredIsp = 0;                   // s
   double MassBalance = 0;                    // integrated mass flow over the propellant's mass
-  double ChartBurnTime = 0;                  // s, by the charts' own loop
+  double ChartBurnTime = 0;                  // s, the last time of the charts' own loop; 0: it has none
 };
 
 // A motor over time: the samples stand at 0, at each mid-step point of the run and at the end of the burn.
@@ -33,6 +33,15 @@ struct MotorRun {
   MotorFigures Figures;
 };
 
-// The burn over time from the run's own rows, Kn linear between them, time and mass in closed form per
-// segment. False: `trouble` says why, `run` is as it was.
+// The burn over time from the run's own rows: Kn linear between the mid-step points, 0 and the exact end of
+// the burn; time (the integral of db / (c Kn^m), m = n/(1-n)) and mass in closed form per segment. The
+// grain's length and burning ends are those of the inputs, the outline's steps those of the run. False:
+// `trouble` says why, `run` is as it was.
 bool RunMotor(const BurnRun &, const MotorInputs &, MotorRun &run, std::string &trouble);
+
+// The letter of a total impulse (N s): A up to 2.5, each next to the double; "1/2A", "1/4A", "1/8A" below,
+// and AA behind Z.
+std::string MotorClassOf(double totalImpulse);
+
+// Why a motor cannot be worked out from these inputs, naming the field, or empty.
+std::string CheckInputs(const MotorInputs &);
