@@ -4,6 +4,7 @@
 #include "outputs/burn_drawing.h"
 #include "outputs/canvas.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -46,7 +47,10 @@ std::vector<Figure> BurnFigures(const BurnRun &run) {
 }
 
 void PaintFigures(cairo_t *cr, const std::vector<Figure> &figures, const PageBox &box, double size) {
-  const double row = box.Height / static_cast<double>(figures.size()), unit = 2.5 * size;
+  const double row = box.Height / static_cast<double>(figures.size());
+  double unit = 2.5 * size;
+  for (const Figure &f : figures)
+    unit = std::max(unit, TextWidth(cr, f.Unit, {.Size = 0.92 * size}) + 0.5 * size);
   double y = box.Top;
   for (const Figure &f : figures) {
     SetInk(cr, HairlineInk);

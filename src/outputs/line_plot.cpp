@@ -91,17 +91,15 @@ void Label(cairo_t *cr, const Frame &f, const std::string &text, double x, doubl
   DrawText(cr, text, x - half, y, style);
 }
 
-void PaintMean(cairo_t *cr, const Frame &f, const LinePlot &plot, std::uint32_t colour, double size) {
-  const double y = f.AtY(plot.Mean), dash[] = {0.5 * size, 0.35 * size};
+void PaintDashes(cairo_t *cr, double from, double to, double y, std::uint32_t colour, double size) {
+  const double dash[] = {0.5 * size, 0.35 * size};
   cairo_set_dash(cr, dash, 2, 0);
-  cairo_set_line_width(cr, 0.09 * size);
+  cairo_set_line_width(cr, 0.1 * size);
   SetInk(cr, colour, 0.8);
-  cairo_move_to(cr, f.AtX(plot.X.front()), y);
-  cairo_line_to(cr, f.AtX(plot.X.back()), y);
+  cairo_move_to(cr, from, y);
+  cairo_line_to(cr, to, y);
   cairo_stroke(cr);
   cairo_set_dash(cr, nullptr, 0, 0);
-  const TextStyle style{.Size = 0.95 * size, .Colour = QuietInk};
-  Label(cr, f, "mean " + ShortFigure(plot.Mean), f.Box.Left, y + 1.15 * size, style);
 }
 
 void PaintPeak(cairo_t *cr, const Frame &f, const LinePlot &plot, double size) {
@@ -109,6 +107,7 @@ void PaintPeak(cairo_t *cr, const Frame &f, const LinePlot &plot, double size) {
   const auto peak = std::max_element(line.Y.begin(), line.Y.end());
   const double x = f.AtX(plot.X[static_cast<std::size_t>(peak - line.Y.begin())]), y = f.AtY(*peak);
   SetInk(cr, line.Colour);
+  cairo_new_path(cr); // the words drawn before left a point behind
   cairo_arc(cr, x, y, 0.26 * size, 0, 6.3);
   cairo_fill(cr);
   Label(cr, f, ShortFigure(*peak), x, y - 0.6 * size, {.Size = size, .Bold = true, .Colour = StrongInk});
@@ -119,6 +118,14 @@ void PaintHead(cairo_t *cr, const LinePlot &plot, const PageBox &box, double siz
   DrawText(cr, plot.Title, box.Left, box.Top + 1.2 * size, title);
   DrawText(cr, plot.Unit, box.Left + TextWidth(cr, plot.Title, title) + 0.7 * size, box.Top + 1.2 * size,
            {.Size = 1.1 * size, .Colour = QuietInk});
+  if (plot.Mean > 0) {
+    const TextStyle style{.Size = size, .Colour = QuietInk, .Anchor = TextAnchor::Right};
+    const std::string text = "mean " + ShortFigure(plot.Mean);
+    const double right = box.Left + box.Width - size, left = right - TextWidth(cr, text, style);
+    DrawText(cr, text, right, box.Top + 1.2 * size, style);
+    PaintDashes(cr, left - 2.6 * size, left - 0.5 * size, box.Top + 0.86 * size, plot.Line.front().Colour,
+                size);
+  }
   if (plot.Line.size() < 2) return;
   double right = box.Left + box.Width;
   for (auto line = plot.Line.rbegin(); line != plot.Line.rend(); ++line) {
@@ -146,7 +153,8 @@ void PaintPlot(cairo_t *cr, const LinePlot &plot, const PageBox &box, double siz
     }
   if (!any) return;
   Frame f;
-  const double top = box.Top + 2.4 * size, bottom = box.Top + box.Height - 3 * size;
+  const double top = box.Top + 2.8 * size, bottom = box.Top + box.Height - 3 * size;
+  if (plot.MarkPeak) most *= 1.08; // room for the words
   f.Y = AxisOf(least, most, std::clamp((bottom - top) / (2.4 * size), 2.0, 6.0));
   double labels = 0;
   for (const double end : {f.Y.From, f.Y.To, f.Y.To - f.Y.Step})
@@ -158,7 +166,8 @@ void PaintPlot(cairo_t *cr, const LinePlot &plot, const PageBox &box, double siz
   for (const PlotLine &line : plot.Line)
     if (Drawable(plot, line)) PaintLine(cr, f, plot, line, size, plot.Line.size() == 1);
   const PlotLine &first = plot.Line.front();
-  if (plot.Mean > 0) PaintMean(cr, f, plot, first.Colour, size);
+  if (plot.Mean > 0)
+    PaintDashes(cr, f.AtX(plot.X.front()), f.AtX(plot.X.back()), f.AtY(plot.Mean), first.Colour, size);
   if (plot.MarkPeak && Drawable(plot, first)) PaintPeak(cr, f, plot, size);
   DrawText(cr, plot.XTitle, f.Box.Left + f.Box.Width, box.Top + box.Height - 0.3 * size,
            {.Size = size, .Colour = QuietInk, .Anchor = TextAnchor::Right});
