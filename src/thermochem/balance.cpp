@@ -1,0 +1,136 @@
+#include "thermochem/balance.h"
+
+#include "thermochem/species_thermo.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Coldest = 75, Hottest = 6000; // K
+constexpr int Rounds = 20, MoreRounds = 25;    // steps of the told kind, then halvings
+constexpr double Narrow = 2, Plateau = 0.01;   // K between brackets
+
+enum class Of { Enthalpy, Entropy };
+
+struct Bracket {
+  double Temperature = 0, Value = 0;
+  bool Known = false;
+  std::array<float, MaxSpecies + 2> Moles;
+};
+
+struct Search {
+  Of What;
+  double Pressure, Target;
+  Composition Mode;
+  Bracket Low, High;
+};
+
+double Solve(Solver &s, const Search &search, double temperature) {
+  EquilibriumAtTP(s, temperature, search.Pressure, search.Mode);
+  return search.What == Of::Enthalpy ? s.Enthalpy : s.Entropy;
+}
+
+// What is left of the difference goes into the other sum: dH = T dS at held pressure and composition.
+void Correct(Solver &s, const Search &search, double temperature) {
+  if (search.What == Of::Enthalpy) {
+    s.Entropy += (search.Target - s.Enthalpy) / temperature;
+    s.Enthalpy = search.Target;
+  } else {
+    s.Enthalpy += (search.Target - s.Entropy) * temperature;
+    s.Entropy = search.Target;
+  }
+}
+
+double Step(const Solver &s, const Search &search, double temperature, double value, double q) {
+  const double d = (search.Target - value) / (s.Cp * q);
+  if (search.What == Of::Enthalpy) return d;
+  return temperature * (d > 0 ? std::exp(std::min(d, 10.0)) - 1 : d);
+}
+
+bool Small(const Search &search, double step, double temperature) {
+  return search.What == Of::Enthalpy ? std::abs(step) < 0.1 : std::abs(step) / temperature < 0.0001;
+}
+
+Balance Interpolate(Solver &s, const Search &search) {
+  const Bracket &low = search.Low, &high = search.High;
+  const double span = high.Value - low.Value;
+  const double wh = span > 0 ? std::clamp((search.Target - low.Value) / span, 0.0, 1.0) : 0.5, wl = 1 - wh;
+  if (search.Mode == Composition::Equilibrium)
+    for (int i = 1; i <= s.SpeciesCount; ++i)
+      s.Moles[i] = static_cast<float>(wl * low.Moles[i] + wh * high.Moles[i]);
+  const double temperature = wl * low.Temperature + wh * high.Temperature;
+  EquilibriumAtTP(s, temperature, search.Pressure, Composition::Frozen);
+  Correct(s, search, temperature);
+  return {temperature, true};
+}
+
+void Keep(const Solver &s, Search &search, double temperature, double value) {
+  Bracket &side = value < search.Target ? search.Low : search.High;
+  side.Temperature = temperature;
+  side.Value = value;
+  side.Known = true;
+  side.Moles = s.Moles;
+}
+
+Balance Seek(Solver &s, Search &search, double t) {
+  search.Low.Temperature = Coldest;
+  search.High.Temperature = Hottest;
+  double q = 1, value = Solve(s, search, t);
+  for (int k = 1; k <= Rounds + MoreRounds; ++k) {
+    if (!s.BasisStale) {
+      if (value == search.Target) return {t, true};
+      Keep(s, search, t, value);
+    }
+    const double low = search.Low.Temperature, high = search.High.Temperature;
+    const bool both = search.Low.Known && search.High.Known;
+    if (both && high - low < Plateau) return Interpolate(s, search);
+    q = std::clamp(q, 1.0, 16.0);
+    double step = Step(s, search, t, value, q);
+    step = std::max(std::min(step, 0.5 * (high - t)), 0.5 * (low - t));
+    if (both && (high - low < Narrow || k > Rounds / 2)) step = 0.5 * (low + high) - t;
+    const double before = value, was = t;
+    t += step;
+    value = Solve(s, search, t);
+    if (!s.BasisStale && Small(search, Step(s, search, t, value, 1), t)) {
+      Correct(s, search, t);
+      return {t, true};
+    }
+    const double drawn = search.What == Of::Enthalpy ? step : was * std::log(t / was);
+    q = (value - before) / (s.Cp * (search.What == Of::Enthalpy ? drawn : drawn / was));
+    if (!std::isfinite(q)) q = 1;
+  }
+  if (search.Low.Known && search.High.Known) {
+    Balance found = Interpolate(s, search);
+    found.Converged = search.High.Temperature - search.Low.Temperature < Narrow;
+    return found;
+  }
+  return {t, false};
+}
+
+} // namespace
+
+Balance EnthalpyBalance(Solver &s, double temperature, double pressure, double target) {
+  Search search{Of::Enthalpy, pressure, target, Composition::Equilibrium, {}, {}};
+  return Seek(s, search, temperature);
+}
+
+Balance EntropyBalance(Solver &s, double temperature, double pressure, double target, Composition mode) {
+  Search search{Of::Entropy, pressure, target, mode, {}, {}};
+  return Seek(s, search, temperature);
+}
+
+Balance TsBalance(Solver &s, double low, double high, double pressure, double target) {
+  constexpr int Halvings = 20;
+  for (int k = 1; k <= Halvings; ++k) {
+    const double t = (low + high) / 2;
+    EquilibriumAtTP(s, t, pressure, Composition::Equilibrium);
+    if ((high - low) / (high + low) < 8e-5) {
+      s.Enthalpy += (target - s.Entropy) * t;
+      s.Entropy = target;
+      return {t, !s.BasisStale};
+    }
+    (s.Entropy < target ? low : high) = t;
+  }
+  return {(low + high) / 2, false};
+}

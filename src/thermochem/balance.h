@@ -1,0 +1,18 @@
+#pragma once
+#include "thermochem/equilibrium.h"
+
+// The temperature of a balance in kelvin; the solver holds its moles, Enthalpy (cal) and Entropy (cal/K).
+struct Balance {
+  double Temperature = 0;
+  bool Converged = false;
+};
+
+// The temperature at which the enthalpy at a pressure in atmospheres is `target` calories, from a first
+// temperature on. At a phase plateau the moles are mixed from both sides of it.
+Balance EnthalpyBalance(Solver &, double temperature, double pressure, double target);
+
+// The same for an entropy in cal/K, at equilibrium or with the composition held.
+Balance EntropyBalance(Solver &, double temperature, double pressure, double target, Composition);
+
+// The same by bisection between two temperatures that lie around the target.
+Balance TsBalance(Solver &, double low, double high, double pressure, double target);
