@@ -53,12 +53,9 @@ std::string ReadRecords(const std::string &path, std::size_t length, std::string
 
 DataPlaces FindDataFiles(const std::vector<std::string> &folders) {
   const auto find = [&](const char *name) {
-    std::string path;
-    for (const std::string &folder : folders) {
-      path = folder + name;
-      if (FileExists(path)) break;
-    }
-    return path;
+    for (const std::string &folder : folders)
+      if (FileExists(folder + name)) return folder + name;
+    return (folders.empty() ? "" : folders.front()) + name;
   };
   return {find(IngredientName), find(SpeciesName)};
 }

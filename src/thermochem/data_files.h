@@ -8,7 +8,8 @@
 struct DataPlaces {
   std::string Ingredients, Species; // pepcoded.daf, jannaf.daf
 };
-// Each from the first of the folders that holds it; where none does, the path in the last folder.
+// Each from the first of the folders (with their last separator) that holds it; where none does, the path in
+// the first folder.
 DataPlaces FindDataFiles(const std::vector<std::string> &folders);
 
 // Both files, read whole and judged record by record. An empty text when all went well, else one sentence
