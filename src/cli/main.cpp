@@ -1,5 +1,8 @@
 #include "cli/burn.h"
 #include "cli/exit_codes.h"
+#include "cli/pep.h"
+#include "cli/export.h"
+#include "cli/import.h"
 #include "cli/script.h"
 #include "shell/command_line.h"
 #include "shell/kn_batch.h"
@@ -68,12 +71,23 @@ int main(int argc, char **argv) {
   play->add_option("--svg", script.Svg, "write a picture of the drawing at the end as SVG");
   play->add_flag("--trace", script.Trace, "tell each line, the entity count and the prompt after it");
 
+  ExportArguments exporting;
+  AddExport(app, exporting);
+  ImportArguments importing;
+  AddImport(app, importing);
+
+  PepArguments pep;
+  const CLI::App *const propellant = AddPep(app, pep);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError &error) {
     return app.exit(error) == 0 ? Done : BadUse;
   }
+  if (propellant->parsed()) return PepCommand(pep);
   if (play->parsed()) return ScriptCommand(script);
+  if (app.got_subcommand("export")) return ExportCommand(exporting);
+  if (app.got_subcommand("import")) return ImportCommand(importing);
   burn.HasDiameter = diameter->count() > 0;
   burn.HasLength = length->count() > 0;
   burn.HasThroat = throat->count() > 0;
