@@ -5,6 +5,7 @@
 #include "burnback/run_sim.h"
 #include "cli/exit_codes.h"
 #include "cli/outputs.h"
+#include "outputs/named_figures.h"
 #include "outputs/picture.h"
 #include "shell/grain_file.h"
 
@@ -52,19 +53,6 @@ std::string TableText(const BurnRun &run) {
     text += (run.HasThroat ? PlainText(row.Kn) : "") + '\n';
   }
   return text;
-}
-
-std::string Json(const GrainDoc &doc, const BurnRun &run) {
-  const auto number = [](double v) { return PlainText(v); };
-  const auto orNull = [&](bool known, double v) { return known ? number(v) : std::string("null"); };
-  return fmt::format(
-      "{{\n  \"max_burn_area_mm2\": {},\n  \"max_kn\": {},\n  \"ap_at\": {},\n  \"volume_loading\": {},\n"
-      "  \"sliver_fraction\": {},\n  \"neutrality\": {},\n  \"web_mm\": {},\n  \"burn_end_mm\": {},\n"
-      "  \"steps\": {},\n  \"propellant_volume_mm3\": {},\n  \"section_check\": {}\n}}\n",
-      number(run.MaxBurnArea), orNull(run.HasThroat, run.MaxKn), orNull(run.HasThroat, run.ApAt),
-      number(run.VolumeLoading), orNull(run.HasSliver, run.SliverFraction), number(run.Neutrality),
-      run.TouchDist == -1 ? "null" : PlainText(run.TouchDist), number(run.LastLiveDist), run.StepCount,
-      number(run.Section * doc.GrainLength), number(run.SectionCheck));
 }
 
 std::string Report(const BurnArguments &a, const GrainDoc &doc, const BurnRun &run) {
@@ -158,6 +146,6 @@ int BurnCommand(const BurnArguments &a) {
        [&](const std::string &draft) { return WriteBurnPicture(design, run, PictureForm::Png, draft); });
   if (trouble.empty()) trouble = MoveIntoPlace(outputs);
   if (!trouble.empty()) return Fail(BadUse, trouble);
-  fmt::print("{}", a.Json ? Json(design.Doc, run) : Report(a, design.Doc, run));
+  fmt::print("{}", a.Json ? JsonText(NamedBurnFigures(design.Doc, run)) : Report(a, design.Doc, run));
   return Done;
 }
