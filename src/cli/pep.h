@@ -1,0 +1,15 @@
+#pragma once
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+struct PepArguments {
+  std::vector<std::string> Ingredient; // "NAME=WEIGHT"
+  std::string Pressure = "2:10", Temperature = "25", Expansion, Table, Sweep, Data;
+  bool Frozen = false, Species = false, Json = false;
+};
+
+CLI::App *AddPep(CLI::App &, PepArguments &);
+
+// Works out a propellant's performance, or one for each step of a sweep, and prints it. Exit code.
+int PepCommand(const PepArguments &);

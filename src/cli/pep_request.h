@@ -1,0 +1,23 @@
+#pragma once
+#include "cli/pep.h"
+#include "thermochem/sweep.h"
+
+#include <string>
+#include <vector>
+
+// What a command line asks for, understood.
+struct PepRequest {
+  PepInputs Inputs;
+  bool Sweeping = false;
+  PepSweep Sweep;
+  std::vector<SweepStep> Step; // one when there is no sweep
+  double Expansion = 0;        // 0: not asked for
+};
+
+// The trouble in one sentence that names the argument, or empty.
+std::string ReadPepRequest(const PepArguments &, const DataFiles &, PepRequest &);
+
+// The data files of an explicit folder, else those beside the program or in the install's share folder. The
+// trouble, or empty.
+std::string LoadDataFiles(const std::string &folder, DataFiles &);
+std::vector<std::string> DataFolders(const std::string &folder);
