@@ -12,12 +12,12 @@ struct Walk {
 bool More(const Walk &w) { return w.At < w.File.Group.size(); }
 const DxfGroup &Here(const Walk &w) { return w.File.Group[w.At]; }
 bool Opens(const DxfGroup &g, std::string_view name) {
-  return g.Code == 0 && SameName(Trimmed(g.Value), name);
+  return g.Code == 0 && SameName(BareText(g.Value), name);
 }
 
 // The record at hand, up to the next one.
 DxfEntity TakeRecord(Walk &w) {
-  DxfEntity record{Trimmed(Here(w).Value), Here(w).Line, w.At + 1, w.At + 1};
+  DxfEntity record{BareText(Here(w).Value), Here(w).Line, w.At + 1, w.At + 1};
   for (++w.At; More(w) && Here(w).Code != 0; ++w.At)
     ;
   record.Last = w.At;
@@ -28,7 +28,7 @@ void HeaderRecord(Walk &w, const DxfEntity &section) {
   std::string_view variable;
   for (std::size_t i = section.First; i < section.Last; ++i) {
     const DxfGroup &g = w.File.Group[i];
-    if (g.Code == 9) variable = Trimmed(g.Value);
+    if (g.Code == 9) variable = BareText(g.Value);
     int whole = 0;
     double number = 0;
     if (variable == "$INSUNITS" && g.Code == 70 && WholeOf(g.Value, whole)) w.File.InsUnits = whole;
@@ -48,7 +48,7 @@ void BlockRecords(Walk &w) { // at BLOCK
   while (More(w) && !Opens(Here(w), "ENDBLK") && !Opens(Here(w), "ENDSEC"))
     block.Entity.push_back(TakeRecord(w));
   const DxfGroup *name = FindGroup(fields, 2);
-  if (name) w.File.Block[SmallLetters(Trimmed(name->Value))] = std::move(block);
+  if (name) w.File.Block[SmallLetters(BareText(name->Value))] = std::move(block);
 }
 
 void SectionRecords(Walk &w, std::string_view section) { // behind its name, up to ENDSEC
@@ -61,7 +61,7 @@ void SectionRecords(Walk &w, std::string_view section) { // behind its name, up 
     if (SameName(section, "ENTITIES")) w.File.Entity.push_back(record);
     if (SameName(section, "TABLES") && SameName(record.Type, "LAYER")) {
       const DxfGroup *name = FindGroup({w.File, record, w.Trouble}, 2);
-      if (name && SameName(Trimmed(name->Value), DxfLayer)) w.File.OwnLayer = true;
+      if (name && SameName(BareText(name->Value), DxfLayer)) w.File.OwnLayer = true;
     }
   }
 }
@@ -74,13 +74,13 @@ std::string Sections(Walk &w) {
     const DxfEntity section = TakeRecord(w);
     const DxfGroup *name = FindGroup({w.File, section, w.Trouble}, 2);
     if (!name) return PlaceOf(w.File, section.Line) + "the section has no name";
-    entities = entities || SameName(Trimmed(name->Value), "ENTITIES");
-    if (SameName(Trimmed(name->Value), "HEADER")) HeaderRecord(w, section);
-    SectionRecords(w, Trimmed(name->Value));
+    entities = entities || SameName(BareText(name->Value), "ENTITIES");
+    if (SameName(BareText(name->Value), "HEADER")) HeaderRecord(w, section);
+    SectionRecords(w, BareText(name->Value));
     if (!w.Trouble.empty()) return w.Trouble;
     if (!More(w) || !Opens(Here(w), "ENDSEC"))
       return PlaceOf(w.File, w.File.Group.back().Line) + "the file ends inside its section " +
-             Printable(Trimmed(name->Value)) + "; it is cut off";
+             ShownText(BareText(name->Value)) + "; it is cut off";
     TakeRecord(w);
   }
   w.File.NoEnd = !More(w);
@@ -89,8 +89,8 @@ std::string Sections(Walk &w) {
 }
 
 std::string Expected(const DxfFields &f, const DxfGroup &g, const char *what) {
-  return PlaceOf(f.File, g.Line) + Printable(f.Entity.Type) + ", group " + std::to_string(g.Code) +
-         ": expected " + what + ", found \"" + Printable(g.Value) + '"';
+  return PlaceOf(f.File, g.Line) + ShownText(f.Entity.Type) + ", group " + std::to_string(g.Code) +
+         ": expected " + what + ", found \"" + ShownText(g.Value) + '"';
 }
 } // namespace
 
@@ -122,7 +122,7 @@ double Real(const DxfFields &f, int code) {
   if (const DxfGroup *g = FindGroup(f, code)) return RealOf(f, *g);
   if (f.Trouble.empty())
     f.Trouble =
-        PlaceOf(f.File, f.Entity.Line) + Printable(f.Entity.Type) + " has no group " + std::to_string(code);
+        PlaceOf(f.File, f.Entity.Line) + ShownText(f.Entity.Type) + " has no group " + std::to_string(code);
   return 0;
 }
 

@@ -40,14 +40,14 @@ std::string NotText(std::string_view bytes, const std::string &name) {
 }
 } // namespace
 
-std::string Printable(std::string_view text) {
+std::string ShownText(std::string_view text) {
   constexpr std::size_t most = 24;
   std::string shown;
   for (const char c : text.substr(0, most)) shown += c >= ' ' && c <= '~' ? c : '?';
   return shown + (text.size() > most ? "..." : "");
 }
 
-std::string_view Trimmed(std::string_view text) {
+std::string_view BareText(std::string_view text) {
   const std::size_t from = text.find_first_not_of(" \t");
   if (from == text.npos) return {};
   return text.substr(from, text.find_last_not_of(" \t") - from + 1);
@@ -59,7 +59,7 @@ bool SameName(std::string_view a, std::string_view b) {
 }
 
 bool NumberOf(std::string_view value, double &number) {
-  value = Trimmed(value);
+  value = BareText(value);
   if (value.starts_with('+') && !value.starts_with("+-")) value.remove_prefix(1);
   double read = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), read);
@@ -72,7 +72,7 @@ bool NumberOf(std::string_view value, double &number) {
 }
 
 bool WholeOf(std::string_view value, int &number) {
-  value = Trimmed(value);
+  value = BareText(value);
   if (value.starts_with('+') && !value.starts_with("+-")) value.remove_prefix(1);
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
   return error == std::errc() && end == value.data() + value.size() && !value.empty();
@@ -87,22 +87,23 @@ std::string ReadGroups(std::string_view bytes, const std::string &name, std::vec
   std::string_view code;
   while (lines.Take(code)) {
     DxfGroup group;
-    if (Trimmed(code).empty()) { // blank lines, or the mark that ends old text files, may close a file
+    if (BareText(code).empty()) { // blank lines, or the mark that ends old text files, may close a file
       std::string_view more;
       const int blank = lines.Number;
       while (lines.Take(more))
-        if (!Trimmed(more).empty() && more != "\x1A") return At(name, blank) + "a group code is missing here";
+        if (!BareText(more).empty() && more != "\x1A")
+          return At(name, blank) + "a group code is missing here";
       break;
     }
     if (code == "\x1A") break;
     if (!WholeOf(code, group.Code))
-      return At(name, lines.Number) + "expected a group code (a whole number), found \"" + Printable(code) +
+      return At(name, lines.Number) + "expected a group code (a whole number), found \"" + ShownText(code) +
              "\"" + (groups.empty() ? "; this is no DXF file" : "");
     if (!lines.Take(group.Value))
       return At(name, lines.Number) + "the file ends behind a group code, its value is missing";
     group.Line = lines.Number;
     if (group.Code != comment) groups.push_back(group);
-    if (group.Code == 0 && SameName(Trimmed(group.Value), "EOF")) break;
+    if (group.Code == 0 && SameName(BareText(group.Value), "EOF")) break;
   }
   return {};
 }

@@ -17,8 +17,8 @@ struct DxfGroup {
 // that is missing. Values point into `bytes`.
 std::string ReadGroups(std::string_view bytes, const std::string &name, std::vector<DxfGroup> &groups);
 
-std::string_view Trimmed(std::string_view);        // without blanks and tabs around it
-std::string Printable(std::string_view);           // for a message: short, other signs as ?
+std::string_view BareText(std::string_view);       // without blanks and tabs around it
+std::string ShownText(std::string_view);           // for a message: short, other signs as ?
 bool SameName(std::string_view, std::string_view); // letters A-Z and a-z count as one
 
 // False for what is no number, is not finite, or overflows.

@@ -119,7 +119,7 @@ bool OnOwnLayer(const DxfFile &file) {
   std::string none;
   return std::all_of(file.Entity.begin(), file.Entity.end(), [&](const DxfEntity &e) {
     const DxfGroup *layer = FindGroup({file, e, none}, 8);
-    return layer && SameName(Trimmed(layer->Value), DxfLayer);
+    return layer && SameName(BareText(layer->Value), DxfLayer);
   });
 }
 

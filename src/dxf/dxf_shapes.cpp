@@ -133,14 +133,14 @@ void Unfold(Walker &, const std::vector<DxfEntity> &, const PlaneMap &);
 
 std::string CycleWords(const Walker &w, const DxfFields &f, const std::string &name, const DxfBlock &block) {
   const bool inItself = !w.Inside.empty() && w.Inside.back() == &block;
-  return PlaceOf(w.File, f.Entity.Line) + "block " + Printable(name) +
+  return PlaceOf(w.File, f.Entity.Line) + "block " + ShownText(name) +
          (inItself ? " is inserted into itself" : " is inserted into a block that it holds");
 }
 
 void Insert(Walker &w, const DxfFields &f, const PlaneMap &map) {
   ShapeSink &sink = w.Sink;
   const DxfGroup *named = FindGroup(f, 2);
-  const std::string name = named ? std::string(Trimmed(named->Value)) : "";
+  const std::string name = named ? std::string(BareText(named->Value)) : "";
   const Point at = PointAt(f, 10);
   const double x = Real(f, 41, 1), y = Real(f, 42, 1), turn = Real(f, 50, 0);
   const double columnStep = Real(f, 44, 0), rowStep = Real(f, 45, 0);
@@ -195,7 +195,7 @@ void Unfold(Walker &w, const std::vector<DxfEntity> &list, const PlaneMap &map) 
       return;
     }
     if (w.Inside.empty()) sink.Line = entity.Line;
-    sink.Type = Printable(SmallLetters(entity.Type));
+    sink.Type = ShownText(SmallLetters(entity.Type));
     for (char &c : sink.Type)
       if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
     if (Whole(f, 67, 0) == 1 && w.Inside.empty()) {

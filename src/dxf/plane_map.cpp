@@ -56,7 +56,7 @@ double InTurn(double angle) { // as it is within 0..2*pi
 }
 } // namespace
 
-Entity RowOf(const Conic &c) {
+Entity RowFrom(const Conic &c) {
   const double radius = std::hypot(c.U.X, c.U.Y);
   if (c.Whole) return MakeCircle(c.Centre.X, c.Centre.Y, radius);
   const double turn = std::atan2(c.U.Y, c.U.X);

@@ -19,6 +19,6 @@ struct Conic {
   bool Whole = false;
 };
 Conic MappedConic(const PlaneMap &, const Conic &);
-bool IsRound(const Conic &);      // U and V square to each other and of one length, to 1e-9 of it
-bool IsFlat(const Conic &);       // no breadth
-Entity RowOf(const Conic &round); // a circle or an arc, counter-clockwise; angles 0..2*pi
+bool IsRound(const Conic &);        // U and V square to each other and of one length, to 1e-9 of it
+bool IsFlat(const Conic &);         // no breadth
+Entity RowFrom(const Conic &round); // a circle or an arc, counter-clockwise; angles 0..2*pi

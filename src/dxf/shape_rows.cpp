@@ -44,7 +44,7 @@ void AddConic(ShapeSink &sink, const PlaneMap &map, const Conic &drawn) {
   const Conic c = MappedConic(map, drawn);
   const double size = std::max(std::hypot(c.U.X, c.U.Y), std::hypot(c.V.X, c.V.Y));
   if (!(size * (c.To - c.From) > LeastLength) || IsFlat(c)) return Skip(sink, "without length");
-  if (IsRound(c)) return Keep(sink, RowOf(c));
+  if (IsRound(c)) return Keep(sink, RowFrom(c));
   if (IsFull(sink)) {
     ++sink.Out.Count;
     return;
