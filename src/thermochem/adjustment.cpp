@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double Settled = 8e-5, Smallest = 1e-35;
+constexpr double Settled = 8e-5, Smallest = 1e-30;
 
 double MolesInBasis(const Solver &s, int e) { return std::max<double>(s.Moles[s.BasisList[e]], Smallest); }
 
@@ -29,19 +29,46 @@ double EntropyTerm(const Solver &s, int i, double stiffness) {
 // Takes the step: the basis gives up its part, and the smallest basis species now below the new one leaves.
 void MoveBasis(Solver &s, double temperature, int i, double delta) {
   const double threshold = 0.99 * s.Moles[i];
-  double least = 0;
+  double least = 0, gas = i <= s.GasCount ? delta : 0;
   int leaving = 0;
   for (int e = 1; e <= s.ElementCount; ++e) {
     const double c = s.ReactionMatrix[i][e];
     if (c == 0) continue;
     float &moles = s.Moles[s.BasisList[e]];
     moles = static_cast<float>(moles - c * delta);
+    if (s.BasisList[e] <= s.GasCount) gas -= c * delta;
     if (moles < threshold && (leaving == 0 || moles <= least)) {
       least = moles;
       leaving = e;
     }
   }
+  if (!s.HoldGasTotal && gas != 0) {
+    const double part = gas / s.PassGas;
+    s.PassGas = std::max(s.PassGas + gas, Smallest);
+    if (std::abs(part) < 1e-5)
+      s.LogScale -= part;
+    else
+      s.LogScale = std::log(s.PassPressure / s.PassGas);
+  }
   if (leaving != 0) SwapBasis(s, temperature, s.BasisList[leaving], i, leaving);
+}
+
+// Q, and the gas of the basis that a step takes.
+struct Activity {
+  double LogProduct = 0, Gas = 0;
+};
+
+Activity BasisActivity(const Solver &s, const Limits &limits) {
+  Activity a;
+  for (int e = 1; e <= s.ElementCount; ++e) {
+    const double v = limits.Coefficient[e];
+    if (v == 0) continue;
+    a.Gas += v;
+    const double basis = s.Moles[s.BasisList[e]];
+    if (basis > 0) a.LogProduct += v * std::log(basis);
+  }
+  a.LogProduct += s.LogScale * a.Gas;
+  return a;
 }
 
 void Adjust(Solver &s, double temperature, double relaxation, int i) {
@@ -52,40 +79,37 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
     delta = std::min(std::max(delta, limits.Lower * relaxation), limits.Upper * relaxation);
     if (std::abs(delta) >= 0.0001 * moles && moles + delta > s.MinMoles) s.Moved = true;
     s.Moles[i] = static_cast<float>(moles + delta);
+    if (std::abs(s.Moles[i]) < Smallest) s.Moles[i] = static_cast<float>(Smallest); // no denormal numbers
     MoveBasis(s, temperature, i, delta);
   };
   if (moles < 0) {
     delta = -1.001 * moles + s.MinMoles;
     return bounded();
   }
-  double q = 0, gas = 0;
-  for (int e = 1; e <= s.ElementCount; ++e) {
-    const double v = limits.Coefficient[e];
-    if (v == 0) continue;
-    gas += v;
-    const double basis = s.Moles[s.BasisList[e]];
-    if (basis > 0) q += v * std::log(basis);
-  }
-  double affinity = s.LogK[i] - q - s.LogScale * gas;
+  const Activity activity = BasisActivity(s, limits);
+  double affinity = s.LogK[i] - activity.LogProduct;
   s.SpeciesStatus[i] = UnderAdjustment;
   if (i > s.GasCount) {
     if (std::abs(affinity) < Settled) return;
-    if (affinity >= 0 && moles <= 1e-7 * s.TotalWeight) {
-      if (moles == static_cast<float>(s.MinMoles)) return;
+    const float floor = static_cast<float>(s.MinMoles);
+    if (affinity >= 0 && (moles <= 1e-7 * s.TotalWeight || s.Moles[i] == floor)) {
+      if (s.Moles[i] == floor) return;
       delta = s.MinMoles - moles;
       return bounded();
     }
   } else {
-    double target = s.MinMoles;
+    double target = s.MinMoles, floor = s.MinMoles;
     bool direct = moles == 0;
     if (!direct && affinity + s.LogScale < 5) {
       target = std::exp(std::max(-affinity - s.LogScale, -100.0));
       const double room = std::max(std::min(-limits.Lower, limits.Upper), s.MinMoles);
       if (moles / room < 0.01) limits.Upper = 0.011 * room;
-      direct = (moles + target) / room <= 0.01;
+      if (room < 100 * s.MinMoles)
+        floor = Smallest; // nothing can be given of a basis species that is a trace
+      direct = (moles + target) / room <= 0.01 && moles + target <= 0.01 * s.PassGas;
     }
     if (direct) {
-      target = std::max(target, s.MinMoles);
+      target = std::max(target, floor);
       if (std::abs(1 - moles / target) < 0.0008) return;
       s.SpeciesStatus[i] = SetDirectly;
       s.Moles[i] = static_cast<float>(target);
@@ -99,6 +123,9 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
     const double v = limits.Coefficient[e];
     if (v != 0) stiffness += v * v / MolesInBasis(s, e);
   }
+  // The gas total moves with the step too; what is left is never below zero but for rounding.
+  const double grown = (i <= s.GasCount ? 1 : 0) - activity.Gas;
+  if (!s.HoldGasTotal) stiffness = std::max(stiffness - grown * grown / s.PassGas, 1e-3 * stiffness);
   const double entropy = s.TrackEntropy ? EntropyTerm(s, i, stiffness) : 0;
   if (stiffness == 0) {
     stiffness = 1e-7;
@@ -129,11 +156,11 @@ Limits ReactionLimits(const Solver &s, int species) {
 
 void AdjustmentPass(Solver &s, double temperature, double pressure) {
   const double relaxation = std::max(0.05, 0.5 - (s.Pass - 1) / 20.0);
-  if (!s.HoldGasTotal) {
-    double gas = 0;
-    for (int i = 1; i <= s.GasCount; ++i) gas += s.Moles[i];
-    s.LogScale = std::log(pressure / std::max(gas, Smallest));
-  }
+  s.PassPressure = pressure;
+  s.PassGas = 0;
+  for (int i = 1; i <= s.GasCount; ++i) s.PassGas += s.Moles[i];
+  s.PassGas = std::max(s.PassGas, Smallest);
+  if (!s.HoldGasTotal) s.LogScale = std::log(pressure / s.PassGas);
   s.Moved = false;
   for (int k = 1; k <= s.SpeciesCount; ++k) {
     const int i = s.Order[k];

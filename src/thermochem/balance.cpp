@@ -7,9 +7,8 @@
 
 namespace {
 
-constexpr double Coldest = 75, Hottest = 6000; // K
-constexpr int Rounds = 20, MoreRounds = 25;    // steps of the told kind, then halvings
-constexpr double Narrow = 2, Plateau = 0.01;   // K between brackets
+constexpr int Rounds = 20, MoreRounds = 25;  // steps of the told kind, then halvings
+constexpr double Narrow = 2, Plateau = 0.01; // K between brackets
 
 enum class Of { Enthalpy, Entropy };
 
@@ -49,7 +48,7 @@ double Step(const Solver &s, const Search &search, double temperature, double va
 }
 
 bool Small(const Search &search, double step, double temperature) {
-  return search.What == Of::Enthalpy ? std::abs(step) < 0.1 : std::abs(step) / temperature < 0.0001;
+  return search.What == Of::Enthalpy ? std::abs(step) < 0.02 : std::abs(step) / temperature < 1e-5;
 }
 
 Balance Interpolate(Solver &s, const Search &search) {
@@ -77,11 +76,14 @@ Balance Seek(Solver &s, Search &search, double t) {
   search.Low.Temperature = Coldest;
   search.High.Temperature = Hottest;
   double q = 1, value = Solve(s, search, t);
+  const auto settled = [&] { return !s.BasisStale && Small(search, Step(s, search, t, value, 1), t); };
+  const auto done = [&] {
+    Correct(s, search, t);
+    return Balance{t, true};
+  };
+  if (settled()) return done();
   for (int k = 1; k <= Rounds + MoreRounds; ++k) {
-    if (!s.BasisStale) {
-      if (value == search.Target) return {t, true};
-      Keep(s, search, t, value);
-    }
+    if (!s.BasisStale) Keep(s, search, t, value);
     const double low = search.Low.Temperature, high = search.High.Temperature;
     const bool both = search.Low.Known && search.High.Known;
     if (both && high - low < Plateau) return Interpolate(s, search);
@@ -92,10 +94,8 @@ Balance Seek(Solver &s, Search &search, double t) {
     const double before = value, was = t;
     t += step;
     value = Solve(s, search, t);
-    if (!s.BasisStale && Small(search, Step(s, search, t, value, 1), t)) {
-      Correct(s, search, t);
-      return {t, true};
-    }
+    if (settled()) return done();
+    if (t < Coldest + 0.5 || t > Hottest - 0.5) break; // nothing balances inside the bounds
     const double drawn = search.What == Of::Enthalpy ? step : was * std::log(t / was);
     q = (value - before) / (s.Cp * (search.What == Of::Enthalpy ? drawn : drawn / was));
     if (!std::isfinite(q)) q = 1;

@@ -1,6 +1,8 @@
 #pragma once
 #include "thermochem/equilibrium.h"
 
+inline constexpr double Coldest = 75, Hottest = 6000; // K, between which balances are sought
+
 // The temperature of a balance in kelvin; the solver holds its moles, Enthalpy (cal) and Entropy (cal/K).
 struct Balance {
   double Temperature = 0;

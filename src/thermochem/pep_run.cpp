@@ -15,6 +15,7 @@ namespace {
 constexpr double HighestPressure = 1000, LowestPressure = 1e-3; // MPa
 constexpr double ColdestMix = -200, HottestMix = 600;           // degrees Celsius
 constexpr double FirstTemperature = 3000;                       // K
+constexpr int ExtraDigits = 3;                                  // option 5
 constexpr double NodeStep = 1.2;                                // of ln P between isentrope nodes, at most
 
 const char *const NoChamberConvergence = "*****No Temperature Convergence - Don't Trust Results!";
@@ -40,11 +41,12 @@ std::string Refusal(const PepInputs &in) {
 
 // Floors of the mole numbers: told by the weight, and far below what there is of the scarcest element.
 void SetFloors(Run &run, const PepOutcome &out) {
+  const double extra = std::pow(10.0, ExtraDigits);
   double scarcest = 1e30;
   for (int e = 1; e <= out.Elements.ElementCount; ++e)
     scarcest = std::min<double>(scarcest, out.Elements.ElementTotal[e]);
-  run.Floor = std::min(run.S.TotalWeight / 1e8, scarcest * 1e-5);
-  run.ExitFloor = std::min(run.S.TotalWeight * 1e-7, scarcest * 1e-4);
+  run.Floor = std::min(run.S.TotalWeight / 1e8 / extra, scarcest * 1e-5);
+  run.ExitFloor = std::min(run.S.TotalWeight * 1e-7 / extra, scarcest * 1e-4);
 }
 
 // Pressures of an isentrope's nodes below the chamber, from the highest down: throat, exits, and what keeps
@@ -117,6 +119,10 @@ void RunCase(Run &run, const PepOutcome &out, PepCase &c, double &temperature) {
   if (!flame.Converged) {
     c.Converged = false;
     c.Notes.push_back(fmt::format("{} (chamber)", NoChamberConvergence));
+    if (flame.Temperature < 1.01 * Coldest)
+      c.Notes.push_back(fmt::format("The products of this propellant are colder than {} K", Coldest));
+    if (flame.Temperature > 0.99 * Hottest)
+      c.Notes.push_back(fmt::format("The products of this propellant are hotter than {} K", Hottest));
   }
   PepPoint &chamber = c.Point[Shifting][Chamber];
   chamber = RecordPoint(s, c.Atmospheres, flame.Temperature);
@@ -126,8 +132,8 @@ void RunCase(Run &run, const PepOutcome &out, PepCase &c, double &temperature) {
     c.Notes.push_back("Why is the Exit Pressure greater than the Chamber Pressure?");
     return;
   }
-  if (s.GasMoles < 2 * s.GasCount * s.MinMoles) {
-    c.Converged = false;
+  if (flame.Temperature < 1.01 * Coldest) return;
+  if (s.GasMoles < 1e-7 * s.TotalWeight) {
     c.Notes.push_back("The propellant makes no gas: there is nothing to expand");
     return;
   }

@@ -12,6 +12,7 @@ struct Solver {
   bool HoldGasTotal = false; // option 17
   bool TrackEntropy = false; // option 18
   double ThermoAt = 0;       // K, of the terms below; 0: none yet
+  double PassPressure = 0, PassGas = 0; // atm, mol: what LogScale follows within a pass
   double LogScale = 0;       // ln(P/N) while iterating, the slot behind the species; then P/N
 
   double Cp = 0, GasMoles = 0, Enthalpy = 0, Entropy = 0; // of PropertySums: cal/K, mol, cal, cal/K
