@@ -109,6 +109,20 @@ FormDialog *MakeIntroPage(Sender send, QWidget *parent) {
   return dialog;
 }
 
+FormDialog *MakeExportDxf(Sender send, QWidget *parent) {
+  auto *dialog = new FormDialog(Ctl::Export_DXF, std::move(send), parent);
+  auto *column = Column(*dialog);
+  column->addLayout(
+      Heading("Export DXF", Quiet(new QLabel("The drawing as a DXF file of release 12, in mm.")), *dialog));
+  for (const Ctl control : {Ctl::Include_Grain, Ctl::Plain_R12}) {
+    auto *box = new QCheckBox;
+    BindButton(dialog->Controls, control, box);
+    column->addWidget(box);
+  }
+  AddDialogButtons(*dialog, *column, Ctl::Export_Now, Ctl::Cancel_Now);
+  return dialog;
+}
+
 FormDialog *MakeAbout(Sender send, QWidget *parent) {
   auto *dialog = new FormDialog(Ctl::frmAbout, std::move(send), parent);
   auto *column = Column(*dialog);
