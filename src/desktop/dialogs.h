@@ -9,4 +9,6 @@ FormDialog *MakeHotKey(Sender, QWidget *parent);
 FormDialog *MakeOptions(Sender, QWidget *parent);
 FormDialog *MakeFindTool(Sender, QWidget *parent);
 FormDialog *MakeIncrements(Sender, QWidget *parent);
+FormDialog *MakeExportDxf(Sender, QWidget *parent);
+FormDialog *MakeSaveResults(Sender, QWidget *parent);
 FormDialog *MakeGridControl(Sender, QWidget *parent);

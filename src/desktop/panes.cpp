@@ -78,6 +78,7 @@ QWidget *BuildReportPane(Bindings &bindings) {
   }
   column->addStretch();
   column->addWidget(Button(bindings, Ctl::Performance_Sim));
+  column->addWidget(Button(bindings, Ctl::Save_Results));
   return Bind(bindings, Ctl::Report_Frame, Scrolled(pane, room));
 }
 

@@ -167,7 +167,8 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
     list->header()->setStretchLastSection(true);
     list->setColumnHidden(2, true); // the type repeats what the name ends with
   }
-  if (use == FileUse::SaveAs) dialog.setDefaultSuffix("mvd");
+  if (use == FileUse::SaveAs) // of the last filter, which is the program's own form
+    dialog.setDefaultSuffix(Text(filter.substr(filter.rfind('.') + 1)));
   if (!initial.empty()) {
     const QFileInfo file(Text(initial));
     dialog.setDirectory(file.absolutePath());
@@ -207,6 +208,8 @@ void QtScreen::RunModal(Form form) {
     case Form::Options: return MakeOptions(send, parent);
     case Form::Grid: return MakeGridControl(send, parent);
     case Form::Increments: return MakeIncrements(send, parent);
+    case Form::SaveResults: return MakeSaveResults(send, parent);
+    case Form::ExportDxf: return MakeExportDxf(send, parent);
     case Form::FindTool: return MakeFindTool(send, parent);
     }
     return MakeAbout(send, parent);

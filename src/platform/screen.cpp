@@ -10,6 +10,8 @@ Ctl WindowOf(Form form) {
   case Form::Options: return Ctl::Options_Form;
   case Form::Grid: return Ctl::Grid_Control;
   case Form::Increments: return Ctl::Increments_2d;
+  case Form::SaveResults: return Ctl::Save_Results_Form;
+  case Form::ExportDxf: return Ctl::Export_DXF;
   case Form::FindTool: return Ctl::Find_Tool;
   }
   return Ctl::Count;

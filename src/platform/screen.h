@@ -49,6 +49,8 @@ enum class Form : std::uint8_t {
   Options,
   Grid,
   Increments,
+  ExportDxf,
+  SaveResults,
   FindTool
 };
 Ctl WindowOf(Form); // the control that stands for the form itself

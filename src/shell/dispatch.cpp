@@ -11,11 +11,13 @@
 #include "drafting/view.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
+#include "shell/dxf_menu.h"
 #include "shell/file_menu.h"
 #include "shell/help_pages.h"
 #include "shell/hot_key_form.h"
 #include "shell/recorder.h"
 #include "shell/refresh_screen.h"
+#include "shell/results_form.h"
 #include "shell/settings_dialogs.h"
 #include "shell/start_up.h"
 #include "shell/tool_finder.h"
@@ -70,6 +72,8 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuFileSaveAs, [](Workbench &b) { SaveGrainAs(b); }},
     {Ctl::Recovery_SaveAs, [](Workbench &b) { SaveGrainAs(b); }},
     {Ctl::Recovery_Discard, DiscardRecovered},
+    {Ctl::mnuImport, ImportDxfDrawing},
+    {Ctl::ExportDXF, ExportDXF},
     {Ctl::mnuRecovered, OpenRecoveredCopy},
     {Ctl::mnuMRU0, [](Workbench &b) { OpenRecent(b, 0); }},
     {Ctl::mnuMRU1, [](Workbench &b) { OpenRecent(b, 1); }},
@@ -108,6 +112,7 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuIntro, ShowIntro},
     {Ctl::mnuAbout, ShowAbout},
     {Ctl::RunSim2, RunSimulation},
+    {Ctl::Save_Results, SaveResults},
     {Ctl::Design_Mode, [](Workbench &b) { LeaveResults(b.Grain, b.Out, b.Sim); }},
 };
 
@@ -187,6 +192,8 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "Options_Form") return OptionsEvent(bench, event);
   if (window == "Grid_Control") return GridEvent(bench, event);
   if (window == "Increments_2d") return IncrementsEvent(bench, event);
+  if (window == "Save_Results_Form") return SaveResultsEvent(bench, event);
+  if (window == "Export_DXF") return ExportDxfEvent(bench, event);
   if (window == "HotKeyForm") return HotKeyFormEvent(bench, event);
   if (window == "Find_Tool") return FindToolEvent(bench, event);
   if (window == "Help_Window") return HelpEvent(bench, event);

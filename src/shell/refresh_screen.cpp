@@ -21,6 +21,8 @@ constexpr HintRow Hints[] = {
     {Ctl::mnuFileSaveAs, "Save As: the grain under a new name (Ctrl+Shift+S)"},
     {Ctl::mnuRecovered,
      "Opens the copy kept of a design that was open when the program last ended without closing"},
+    {Ctl::mnuImport, "Import DXF: a drawing of another program as a new design"},
+    {Ctl::ExportDXF, "Export DXF: the drawing for machining and other programs"},
     {Ctl::mnuFileExit, "Exit: closes the program"},
     {Ctl::Zoom_Reset, "Zoom to Grain: the whole grain circle"},
     {Ctl::Zoom_x2, "Zoom In x2: about the centre of the view"},
@@ -38,6 +40,7 @@ constexpr HintRow Hints[] = {
     {Ctl::tbSave, "Save: the grain under its name (Ctrl+S)"},
     {Ctl::tbRefresh, "Refresh: draws everything again"},
     {Ctl::RunSim2, "Run Sim: burns the grain and shows its areas, Kn and outlines"},
+    {Ctl::Save_Results, "Save Results: the burn's table as a file that a spreadsheet evaluates"},
     {Ctl::Design_Mode, "Back to Design Mode: the drawing can be changed again"},
     {Ctl::Recovery_SaveAs, "Saves the recovered design under a name of your choice"},
     {Ctl::Recovery_Discard, "Starts empty; the recovered copy stays in the File menu"},
@@ -46,9 +49,9 @@ constexpr HintRow Hints[] = {
 
 // Controls whose subsystem is not part of this version: they stand in their place, greyed.
 constexpr Ctl Unavailable[] = {
-    Ctl::mnuImport,       Ctl::Export_DXF, Ctl::Save_Results,    Ctl::PEP_Simulation, Ctl::mnuchoosetemplate,
-    Ctl::mnumaketemplate, Ctl::mnuTutor,   Ctl::tbTemplates,     Ctl::tbTutor,        Ctl::tb3DRender,
-    Ctl::tb2DPlot,        Ctl::tb3DConfig, Ctl::Performance_Sim, Ctl::Empty_Template,
+    Ctl::PEP_Simulation, Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,
+    Ctl::tbTemplates,    Ctl::tbTutor,           Ctl::tb3DRender,      Ctl::tb2DPlot,
+    Ctl::tb3DConfig,     Ctl::Performance_Sim,   Ctl::Empty_Template,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -112,7 +115,8 @@ void ModeControls(Workbench &bench) {
   out[Ctl::Side_Pane].Visible = !results && (side || AsksInFrame(out));
   out[Ctl::RunSim2].Enabled = out[Ctl::mnuDims].Enabled = !results;
   if (results)
-    for (const Ctl c : {Ctl::RunSim2, Ctl::mnuDims}) out[c].Hint = "Go back to design mode first";
+    for (const Ctl c : {Ctl::RunSim2, Ctl::mnuDims, Ctl::tbRotationDraw, Ctl::Zoom_Window})
+      out[c].Hint = "Go back to design mode first";
   // In design mode the charts keep the last run's curves at a smaller size; before a run there is nothing to
   // show.
   const bool wide1 = out.PixelWidth >= 768, wide2 = out.PixelWidth >= 1024 && !bench.Chart2Hidden;

@@ -30,6 +30,12 @@ struct OptionsCopy {
   std::array<bool, 8> Typed{};     // the text is the user's
 };
 
+// What Save_Results_Form was closed with.
+struct ResultsCopy {
+  double ResultBurnInc = 0; // mm
+  std::string File;         // empty: cancelled
+};
+
 // A design found after a crash.
 struct Recovery {
   bool Open = false; // it is the design now open
@@ -60,12 +66,14 @@ struct Workbench {
   CommandLine Command;
   DimensionsCopy Dialog;
   OptionsCopy Options;
+  ResultsCopy Results;
   HotKey PendingKey; // the last keys pressed in HotKeyForm
   Recovery Recovered;
   SimulationView Sim;
   DiagnosisView Amiss;
   LiveView Live;
   Recording Record;
+  bool ExportFlag = false; // Export_DXF was left by Export_Now
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm
   bool Panning = false;
