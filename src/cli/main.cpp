@@ -1,9 +1,12 @@
 #include "cli/burn.h"
+#include "cli/data.h"
 #include "cli/exit_codes.h"
-#include "cli/pep.h"
 #include "cli/export.h"
 #include "cli/import.h"
+#include "cli/motor.h"
+#include "cli/pep.h"
 #include "cli/script.h"
+#include "cli/sweep.h"
 #include "shell/command_line.h"
 #include "shell/kn_batch.h"
 #include "shell/work_folder.h"
@@ -75,19 +78,27 @@ int main(int argc, char **argv) {
   AddExport(app, exporting);
   ImportArguments importing;
   AddImport(app, importing);
-
+  MotorArguments motor;
+  AddMotor(app, motor);
+  SweepArguments sweep;
+  AddSweep(app, sweep);
   PepArguments pep;
-  const CLI::App *const propellant = AddPep(app, pep);
+  AddPep(app, pep);
+  DataArguments data;
+  AddData(app, data);
 
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError &error) {
     return app.exit(error) == 0 ? Done : BadUse;
   }
-  if (propellant->parsed()) return PepCommand(pep);
   if (play->parsed()) return ScriptCommand(script);
   if (app.got_subcommand("export")) return ExportCommand(exporting);
   if (app.got_subcommand("import")) return ImportCommand(importing);
+  if (app.got_subcommand("pep")) return PepCommand(pep);
+  if (app.got_subcommand("data")) return DataCommand(data);
+  if (app.got_subcommand("motor")) return MotorCommand(motor);
+  if (app.got_subcommand("sweep")) return SweepCommand(sweep);
   burn.HasDiameter = diameter->count() > 0;
   burn.HasLength = length->count() > 0;
   burn.HasThroat = throat->count() > 0;

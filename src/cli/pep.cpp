@@ -5,6 +5,7 @@
 #include "cli/outputs.h"
 #include "cli/pep_output.h"
 
+#include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
@@ -32,7 +33,7 @@ void AppendRows(const PepRequest &request, const PepArguments &a, const SweepSte
 
 } // namespace
 
-CLI::App *AddPep(CLI::App &app, PepArguments &a) {
+void AddPep(CLI::App &app, PepArguments &a) {
   CLI::App *const command =
       app.add_subcommand("pep", "work out a propellant's performance from its ingredients");
   command->add_option("NAME=WEIGHT", a.Ingredient, "up to ten ingredients, in grams or percent")->required();
@@ -49,7 +50,6 @@ CLI::App *AddPep(CLI::App &app, PepArguments &a) {
   command->add_option("--data", a.Data,
                       "folder of pepcoded.daf and jannaf.daf (else those beside the program)");
   command->add_flag("--json", a.Json, "print the cases as JSON; warnings go to standard error");
-  return command;
 }
 
 int PepCommand(const PepArguments &a) {

@@ -1,7 +1,10 @@
 #pragma once
-#include <CLI/App.hpp>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 struct PepArguments {
   std::vector<std::string> Ingredient; // "NAME=WEIGHT"
@@ -9,7 +12,7 @@ struct PepArguments {
   bool Frozen = false, Species = false, Json = false;
 };
 
-CLI::App *AddPep(CLI::App &, PepArguments &);
+void AddPep(CLI::App &, PepArguments &);
 
 // Works out a propellant's performance, or one for each step of a sweep, and prints it. Exit code.
 int PepCommand(const PepArguments &);
