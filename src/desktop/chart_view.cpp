@@ -5,10 +5,7 @@
 #include <tuple>
 
 namespace {
-// Of the same hue: darker over a light fill, lighter over a dark one on a dark ground.
-QColor LineOver(const QColor &fill, const Theme &theme) {
-  return theme.Dark && fill.lightness() < 140 ? fill.lighter(140) : fill.darker(165);
-}
+constexpr double TagPart = 0.6; // of the chart's width
 auto CurvesOf(const Chart &c) { return std::tie(c.Title, c.XTitle, c.YTitle, c.Stacked, c.X, c.Series); }
 } // namespace
 
@@ -33,6 +30,7 @@ void ChartView::Copy(const Chart &chart, const Theme &theme) {
   if (!cursor) return;
   Shown.CursorStep = chart.CursorStep;
   Shown.CursorText = chart.CursorText;
+  ShowKey();
   update();
 }
 
@@ -62,7 +60,7 @@ void ChartView::Plot() {
   QVector<double> y(count, 0.0);
   std::vector<QVector<double>> curves;
   double top = 0;
-  QString key;
+  Names.clear();
   QCPGraph *below = nullptr;
   for (const ChartSeries &series : Shown.Series) {
     for (qsizetype i = 0; i < count && i < static_cast<qsizetype>(series.Value.size()); ++i) {
@@ -75,26 +73,42 @@ void ChartView::Plot() {
     area->setAdaptiveSampling(false); // it puts teeth on a curve with more steps than the chart has pixels
     area->setAntialiasedFill(false);
     area->setPen(Qt::NoPen);
-    area->setBrush(FromRed(series.Fill));
+    area->setBrush(ChartFill(*Colours, series.Fill));
     if (below && Shown.Stacked) area->setChannelFillGraph(below);
     below = area;
     curves.push_back(y);
-    key += QString("<span style='color:%1'>\u25a0</span>&nbsp;%2&nbsp;&nbsp; ")
-               .arg(FromRed(series.Fill).name(), QString::fromStdString(series.Name).toHtmlEscaped());
+    Names += QString("<span style='color:%1'>\u25a0</span>&nbsp;%2&nbsp;&nbsp; ")
+                 .arg(ChartFill(*Colours, series.Fill).name(),
+                      QString::fromStdString(series.Name).toHtmlEscaped());
   }
   // Lines over all areas, or the next area would cover half of each.
   for (std::size_t i = 0; i < curves.size(); ++i) {
     QCPGraph *line = addGraph();
     line->setData(x, curves[i], true);
     line->setAdaptiveSampling(false);
-    line->setPen(QPen(LineOver(FromRed(Shown.Series[i].Fill), *Colours), 1.75));
+    line->setPen(QPen(ChartLine(*Colours, Shown.Series[i].Fill), 1.75));
   }
-  Key->setText(Shown.Series.size() > 1 ? key : QString());
+  if (Shown.Series.size() < 2) Names.clear();
+  ShowKey();
   xAxis->setLabel(QString::fromStdString(Shown.XTitle));
   yAxis->setLabel(QString::fromStdString(Shown.YTitle));
   xAxis->setRange(0, count ? std::max(1e-9, x.last()) : 1);
   yAxis->setRange(0, top > 0 ? top * 1.12 : 1);
   replot(rpQueuedReplot);
+}
+
+QRectF ChartView::TagOf(double x, const QFontMetricsF &metrics) const {
+  const QRectF area = axisRect()->rect();
+  const QSizeF size = metrics.size(0, QString::fromStdString(Shown.CursorText)) + QSizeF(14, 6);
+  if (size.width() > TagPart * area.width()) return {};
+  const double left = x + 6 + size.width() > area.right() ? x - 6 - size.width() : x + 6;
+  return {QPointF(std::max(left, area.left()), area.top() + 4), size};
+}
+
+// A chart with no room for a tag tells the cursor's figures in its key's place.
+void ChartView::ShowKey() {
+  const bool told = Shown.CursorText.empty() || !TagOf(0, QFontMetricsF(TypeFont(Type::Head))).isEmpty();
+  Key->setText(told ? Names : QString::fromStdString(Shown.CursorText).toHtmlEscaped());
 }
 
 void ChartView::paintEvent(QPaintEvent *event) {
@@ -108,12 +122,9 @@ void ChartView::paintEvent(QPaintEvent *event) {
     painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
   }
   const QString text = QString::fromStdString(Shown.CursorText);
-  if (text.isEmpty()) return;
   painter.setFont(TypeFont(Type::Head));
-  const QSizeF size = painter.fontMetrics().size(0, text) + QSize(14, 6);
-  const double wanted = x + 6 + size.width() > area.right() ? x - 6 - size.width() : x + 6;
-  const QRectF tag(
-      QPointF(std::clamp(wanted, 1.0, std::max(1.0, width() - size.width() - 1)), area.top() + 4), size);
+  const QRectF tag = TagOf(x, QFontMetricsF(painter.font()));
+  if (text.isEmpty() || tag.isEmpty()) return;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(Colours->Hairline, 1));
   painter.setBrush(Colours->Field);

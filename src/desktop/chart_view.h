@@ -23,10 +23,13 @@ private:
   void SendMouse(Event::Kind, const QMouseEvent &);
   void Dress();
   void Plot();
+  void ShowKey();
+  QRectF TagOf(double x, const QFontMetricsF &) const; // beside the cursor line; empty where there is no room
 
   Ctl Self;
   Sender Send;
   QLabel *Key;
+  QString Names; // of the series, as rich text
   Chart Shown;
   const Theme *Colours = nullptr;
 };

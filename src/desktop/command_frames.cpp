@@ -95,12 +95,13 @@ void AddBox(Bindings &bindings, QVBoxLayout &column) {
   auto *inner = ColumnIn(FrameOf(bindings, Ctl::BoxWH_Frame, column), 8);
   inner->addWidget(LabelledField(bindings, Ctl::BoxWidth, "Width", "mm"));
   inner->addWidget(LabelledField(bindings, Ctl::BoxHeight, "Height", "mm"));
-  inner->addWidget(Quiet(new QLabel("The click places this point:")));
+  auto *words = Quiet(new QLabel("The click places this point:"));
+  words->setWordWrap(true);
   auto *outline = new BoxOutline;
   auto *grid = new QGridLayout(outline);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(30);
-  grid->setVerticalSpacing(8);
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(2);
   int place = 0;
   for (const Ctl control : Points) {
     auto *point = Option(bindings, control);
@@ -108,7 +109,11 @@ void AddBox(Bindings &bindings, QVBoxLayout &column) {
     grid->addWidget(point, place / 3, place % 3, Qt::AlignCenter);
     ++place;
   }
-  inner->addWidget(outline, 0, Qt::AlignHCenter);
+  auto *row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(words, 1);
+  row->addWidget(outline);
+  inner->addLayout(row);
   AddAccept(bindings, *inner, Ctl::AcceptBoxWH, Ctl::CancelBoxWH);
 }
 

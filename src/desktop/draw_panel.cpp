@@ -59,9 +59,7 @@ void DrawPanel::CopyOverlay(const DrawSurface &surface) {
   const SurfaceView view = FitView(Shown, size());
   QRegion touched;
   const auto touch = [&](const std::vector<DrawItem> &items) {
-    QRectF bounds;
-    for (const DrawItem &item : items) bounds |= PixelBounds(item, view, size());
-    touched += (bounds & QRectF(rect())).toAlignedRect();
+    touched += (PixelBounds(items, view, size()) & QRectF(rect())).toAlignedRect();
   };
   touch(Shown.Overlay);
   Shown.Overlay = surface.Overlay;
@@ -149,12 +147,15 @@ void DrawPanel::mouseMoveEvent(QMouseEvent *e) {
 }
 void DrawPanel::mouseReleaseEvent(QMouseEvent *e) {
   SendMouse(Event::Kind::MouseUp, *e, ButtonCode(e->button()));
+  SendMouse(Event::Kind::MouseMove, *e, ButtonCode(e->buttons())); // what a click would do now
 }
 
 void DrawPanel::wheelEvent(QWheelEvent *wheel) {
   Event e = At(Event::Kind::Wheel, wheel->position(), wheel->modifiers());
   e.Notches = wheel->angleDelta().y() / 120.0;
-  if (e.Notches != 0) Send(e);
+  if (e.Notches == 0) return;
+  Send(e);
+  Send(At(Event::Kind::MouseMove, wheel->position(), wheel->modifiers())); // where it is in the new view
 }
 
 void DrawPanel::keyPressEvent(QKeyEvent *key) {

@@ -77,7 +77,8 @@ QWidget *MainWindow::BuildDrawing() {
   Controls.List.push_back({Ctl::SimMsg, Running->Text(), {}, true});
   Controls.List.push_back({Ctl::SimMsg, Running, {}, true});
   over->addWidget(Running, 0, 0, Qt::AlignCenter);
-  over->addWidget(BuildDiagnosisLine(Controls), 0, 0, Qt::AlignTop | Qt::AlignHCenter);
+  Diagnosis = BuildDiagnosisLine(Controls); // in a corner, which the grain leaves free
+  over->addWidget(Diagnosis, 0, 0, Qt::AlignTop | Qt::AlignLeft);
   Message = new MessageStrip(*Drawing);
   over->addWidget(Message, 0, 0, Qt::AlignBottom | Qt::AlignHCenter);
   return Drawing;
@@ -116,9 +117,8 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
       return screen.TakesKey && screen.TakesKey(key, shift);
     };
   Mirror(Controls, screen);
-  // Where nothing is amiss there is nothing to press.
-  for (const Ctl control : {Ctl::Diagnosis_Next, Ctl::Close_Gaps})
-    Find(Controls, control)->setVisible(screen[control].Visible && screen[Ctl::Diagnosis_Next].Enabled);
+  // A closed outline is told by its tint.
+  Diagnosis->setVisible(screen[Ctl::Diagnosis_Text].Visible && screen[Ctl::Diagnosis_Next].Enabled);
   Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
   FollowHelp(screen);

@@ -37,7 +37,7 @@ private:
 
   DrawPanel *Drawing = nullptr;
   ChartView *Area = nullptr, *Kn = nullptr;
-  QWidget *AreaCell = nullptr, *KnCell = nullptr, *ChartRow = nullptr;
+  QWidget *AreaCell = nullptr, *KnCell = nullptr, *ChartRow = nullptr, *Diagnosis = nullptr;
   SidePane *Side = nullptr;
   RunNotice *Running = nullptr;
   MessageStrip *Message = nullptr;

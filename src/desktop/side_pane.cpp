@@ -7,11 +7,14 @@
 #include "desktop/property_pane.h"
 #include "desktop/tools_pane.h"
 
+#include <QGridLayout>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace {
+constexpr int RoomForUse = 320; // pixels: a lower pane has only what a tool asks for
+
 QWidget *BuildGrain(Bindings &bindings) {
   auto *group = new QWidget;
   group->setObjectName("Motor_Dimensions"); // there is room for it beside any running tool
@@ -31,10 +34,20 @@ QWidget *BuildGrain(Bindings &bindings) {
   head->addWidget(Head("Grain"), 1);
   head->addWidget(edit);
   column->addLayout(head);
-  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label})
-    column->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")));
-  column->addWidget(Hairline());
-  column->addWidget(Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel));
+  auto *grid = new QGridLayout;
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(8);
+  int place = 0;
+  for (const Ctl control : {Ctl::Grain_Diam_Label, Ctl::Grain_Length_Label, Ctl::Throat_Diam_Label}) {
+    grid->addWidget(Bind(bindings, control, new FigureLabel({}, "mm")), place / 2, place % 2);
+    ++place;
+  }
+  auto *ends = Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel);
+  ends->setWordWrap(true); // one end below the other
+  grid->addWidget(ends, 1, 1, Qt::AlignBottom);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  column->addLayout(grid);
   return group;
 }
 } // namespace
@@ -90,5 +103,5 @@ void SidePane::Follow(const Screen &screen, const Theme &theme) {
   if (!hint.isEmpty()) hint[0] = hint[0].toUpper();
   Name->setText(name);
   Use->setText(hint);
-  Use->setVisible(!hint.isEmpty());
+  Use->setVisible(!hint.isEmpty() && viewport()->height() >= RoomForUse);
 }

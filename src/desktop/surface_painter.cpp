@@ -1,5 +1,6 @@
 #include "desktop/surface_painter.h"
 
+#include "desktop/label_layout.h"
 #include "outputs/picture.h"
 
 #include <QLinearGradient>
@@ -10,7 +11,7 @@
 
 namespace {
 constexpr double Degrees = 180 / std::numbers::pi;
-constexpr QSizeF PlateRoom(6, 2); // of a label's plate beside its words, pixels
+constexpr double ErasedWidth = 4, GoneBand = 7, GoneBandInk = 0.22; // pixels; opaque part
 
 // The toolkit's rasteriser looks through all edges of a row of pixels for each of them: long paths are slow.
 constexpr int MostInStroke = 8;
@@ -22,20 +23,8 @@ double WidthOf(Ink role) { // pixels
   case Ink::Contour: return 1;
   case Ink::Guide: return 1.25;
   case Ink::WillBe: return 2.25;
-  case Ink::WillGo: return 5;
   default: return 1.75;
   }
-}
-
-// The words' plate: at its place, or moved into the panel.
-QRectF PlateOf(const DrawItem &item, const SurfaceView &view, QSizeF pixels) {
-  const QFontMetricsF metrics(TypeFont(Type::Base));
-  const QSizeF words(metrics.horizontalAdvance(QString::fromStdString(item.Text)), metrics.height());
-  QRectF plate(view.ToPixels(item.At[0], item.At[1]) - QPointF(PlateRoom.width(), words.height()),
-               words + 2 * PlateRoom);
-  plate.moveLeft(std::max(2.0, std::min(plate.left(), pixels.width() - plate.width() - 2)));
-  plate.moveTop(std::max(2.0, std::min(plate.top(), pixels.height() - plate.height() - 2)));
-  return plate;
 }
 
 void PaintLabel(QPainter &painter, const DrawItem &item, const QRectF &plate, const Theme &theme) {
@@ -52,8 +41,8 @@ void PaintLabel(QPainter &painter, const DrawItem &item, const QRectF &plate, co
 
 QPen PenOf(const DrawItem &item, const Theme &theme) {
   QPen pen(InkColour(theme, item), WidthOf(item.Role));
-  pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::RoundCap);
-  pen.setJoinStyle(Qt::RoundJoin);
+  pen.setCapStyle(item.Style ? Qt::FlatCap : Qt::SquareCap); // round caps and joins take three times as long
+  pen.setJoinStyle(Qt::MiterJoin);
   if (item.Style == 1) pen.setDashPattern({6, 4});
   if (item.Style == 2) pen.setDashPattern({1, 3});
   return pen;
@@ -123,6 +112,24 @@ void AddStroke(QPainterPath &path, const DrawItem &item, const SurfaceView &view
   }
 }
 
+// On its ground, as if it had gone already: a faint band with a dashed line in it.
+void StrokeGone(QPainter &painter, const QPainterPath &path, const DrawSurface &surface,
+                const SurfaceView &view, QSizeF pixels, const Theme &theme) {
+  QPainterPathStroker wide;
+  wide.setWidth(ErasedWidth);
+  wide.setCapStyle(Qt::FlatCap);
+  painter.save();
+  painter.setClipPath(wide.createStroke(path));
+  PaintGround(painter, surface, view, pixels, theme);
+  painter.restore();
+  QColor faint = theme.Gone;
+  faint.setAlphaF(static_cast<float>(GoneBandInk));
+  painter.strokePath(path, QPen(faint, GoneBand, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+  QPen dashes(theme.Gone, 1.75, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+  dashes.setDashPattern({3, 2});
+  painter.strokePath(path, dashes);
+}
+
 // 1, 2 or 5 times a power of ten, the next at or above; above 0.
 double RoundStep(double step) {
   const double power = std::pow(10, std::floor(std::log10(step))), lead = step / power;
@@ -168,7 +175,7 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   painter.setRenderHint(QPainter::Antialiasing, false); // strokes cover the edges
   painter.fillPath(disc, surface.Core.empty() ? theme.Disc : theme.Propellant);
   if (!surface.Core.empty()) {
-    painter.setClipPath(disc);
+    painter.setClipPath(disc, Qt::IntersectClip);
     painter.fillPath(CorePath(surface.Core, view), theme.Core);
   }
   painter.restore();
@@ -185,9 +192,13 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
   const DrawItem *ink = nullptr;
   int contour = 0;
   std::vector<std::pair<QPainterPath, QColor>> lines;
-  std::vector<const DrawItem *> labels; // on top
   const auto flush = [&] {
     if (path.isEmpty()) return;
+    if (ink->Role == Ink::WillGo) {
+      painter.setClipping(false);
+      StrokeGone(painter, path, surface, view, pixels, theme);
+      return path.clear();
+    }
     QPen pen = PenOf(*ink, theme);
     if (ink->Role == Ink::Contour && form.LineEvery > 1) {
       pen.setWidthF(form.Band);
@@ -211,9 +222,7 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
     const QPointF p = view.ToPixels(item.At[0], item.At[1]);
     if (item.What == DrawItem::Kind::Dot) {
       painter.fillRect(QRectF(p.x() - 0.75, p.y() - 0.75, 1.5, 1.5), InkColour(theme, item));
-    } else if (item.What == DrawItem::Kind::Label) {
-      labels.push_back(&item);
-    } else {
+    } else if (item.What != DrawItem::Kind::Label) { // those on top
       if (item.Role != Ink::Contour && path.elementCount() > MostInStroke) flush();
       AddStroke(path, item, view);
     }
@@ -221,23 +230,30 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
   flush();
   flushLines();
   painter.setClipping(false);
-  for (const DrawItem *label : labels) PaintLabel(painter, *label, PlateOf(*label, view, pixels), theme);
+  auto plate = LabelPlates(items, view, pixels);
+  auto next = plate.begin();
+  for (const DrawItem &item : items)
+    if (item.What == DrawItem::Kind::Label) PaintLabel(painter, item, *next++, theme);
 }
 
-QRectF PixelBounds(const DrawItem &item, const SurfaceView &view, QSizeF pixels) {
+QRectF PixelBounds(std::span<const DrawItem> items, const SurfaceView &view, QSizeF pixels) {
   constexpr double Pen = 4; // pixels about a stroke
-  const auto &at = item.At;
-  const QPointF p = view.ToPixels(at[0], at[1]);
-  QRectF bounds(p, QSizeF(0, 0));
-  switch (item.What) {
-  case DrawItem::Kind::Line: bounds = QRectF(p, view.ToPixels(at[2], at[3])).normalized(); break;
-  case DrawItem::Kind::Circle:
-  case DrawItem::Kind::Arc:
-  case DrawItem::Kind::Mark: bounds = Around(p, at[2] * view.Scale); break;
-  case DrawItem::Kind::Dot: break;
-  case DrawItem::Kind::Label: bounds = PlateOf(item, view, pixels); break;
+  QRectF bounds;
+  const auto take = [&bounds](const QRectF &box) { bounds |= box.adjusted(-Pen, -Pen, Pen, Pen); };
+  for (const DrawItem &item : items) {
+    const auto &at = item.At;
+    const QPointF p = view.ToPixels(at[0], at[1]);
+    switch (item.What) {
+    case DrawItem::Kind::Line: take(QRectF(p, view.ToPixels(at[2], at[3])).normalized()); break;
+    case DrawItem::Kind::Circle:
+    case DrawItem::Kind::Arc:
+    case DrawItem::Kind::Mark: take(Around(p, at[2] * view.Scale)); break;
+    case DrawItem::Kind::Dot: take(QRectF(p, QSizeF(0, 0))); break;
+    case DrawItem::Kind::Label: break;
+    }
   }
-  return bounds.adjusted(-Pen, -Pen, Pen, Pen);
+  for (const QRectF &plate : LabelPlates(items, view, pixels)) take(plate);
+  return bounds;
 }
 
 void PaintContourScale(QPainter &painter, const DrawSurface &surface, QSizeF pixels, const Theme &theme) {

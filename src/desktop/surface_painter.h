@@ -17,6 +17,6 @@ void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pi
 // Some of the surface's items, in their order; labels last, on plates that stay inside the panel.
 void PaintItems(QPainter &, std::span<const DrawItem>, const DrawSurface &, const SurfaceView &,
                 QSizeF pixels, const Theme &);
-QRectF PixelBounds(const DrawItem &, const SurfaceView &, QSizeF pixels); // of its strokes or its plate
+QRectF PixelBounds(std::span<const DrawItem>, const SurfaceView &, QSizeF pixels); // of strokes and plates
 void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
                        const Theme &); // nothing without contours

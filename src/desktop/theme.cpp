@@ -6,26 +6,42 @@
 #include <QToolTip>
 
 namespace {
+QColor Mix(const QColor &a, const QColor &b, double part) {
+  const auto blend = [part](int x, int y) { return static_cast<int>(x + (y - x) * part + 0.5); };
+  return {blend(a.red(), b.red()), blend(a.green(), b.green()), blend(a.blue(), b.blue())};
+}
+
+void MixIn(Theme &t, const QColor &warning) {
+  t.Faint = Mix(t.Quiet, t.Window, 0.45);
+  t.Lit = Mix(t.Window, t.Accent, 0.2);
+  t.Glow = Mix(t.Window, t.Accent, 0.12);
+  t.Notice = Mix(t.Window, warning, 0.16);
+}
+
 Theme MakeLight() {
   Theme t;
-  t.Window = "#F6F7F9", t.Pane = "#F6F7F9", t.Field = "#FFFFFF", t.Hairline = "#D5DBE1", t.Text = "#1B232B";
+  t.Window = "#F6F7F9", t.Pane = "#F6F7F9", t.Field = "#FFFFFF", t.Hairline = "#D5DBE1", t.Edge = "#808B95",
+  t.Text = "#1B232B";
   t.Quiet = "#5A6672", t.Hover = "#E6EBEF", t.Pressed = "#D6DEE4";
   t.Ground = "#E9EDF1", t.Disc = "#F8FAFB", t.Propellant = "#F2E2C4", t.Core = "#FFFFFF";
   t.GrainCircle = "#33414E", t.Geometry = "#1B4F8F", t.Picked = "#D9480F", t.Guide = "#0B7285";
   t.New = "#2B8A3E", t.Gone = "#E03131", t.Grid = "#DDE3E8", t.GridFifth = "#C6CFD7";
   t.Accent = "#0B7285", t.AccentHover = "#095F6F", t.AccentText = "#FFFFFF";
+  MixIn(t, "#F08C00");
   return t;
 }
 
 Theme MakeDark() {
   Theme t;
   t.Dark = true;
-  t.Window = "#1E2227", t.Pane = "#1E2227", t.Field = "#15191D", t.Hairline = "#343B43", t.Text = "#E4E9EE";
+  t.Window = "#1E2227", t.Pane = "#1E2227", t.Field = "#15191D", t.Hairline = "#343B43", t.Edge = "#66717C",
+  t.Text = "#E4E9EE";
   t.Quiet = "#98A4B0", t.Hover = "#2B3138", t.Pressed = "#363E47";
   t.Ground = "#14181C", t.Disc = "#191E23", t.Propellant = "#3B3325", t.Core = "#0F1215";
   t.GrainCircle = "#9FB0BF", t.Geometry = "#8CC2FF", t.Picked = "#FFA94D", t.Guide = "#3BC9DB";
   t.New = "#69DB7C", t.Gone = "#FF6B6B", t.Grid = "#232A31", t.GridFifth = "#2F3841";
   t.Accent = "#3BC9DB", t.AccentHover = "#66D9E8", t.AccentText = "#08262B";
+  MixIn(t, "#FFA94D");
   return t;
 }
 
@@ -80,8 +96,8 @@ QHeaderView::section { background: @Window; color: @Quiet; border: none; border-
 QTreeView, QListView { outline: none; selection-background-color: @Hover; selection-color: @Text; }
 QTreeView::item, QListView::item { min-height: 24px; }
 QListView { padding: 2px 4px; }
-QTreeView::item:hover, QListView::item:hover { background: @Hover; }
-QTreeView::item:selected, QListView::item:selected { background: @Pressed; color: @Text; }
+QTreeView::item:hover { background: @Hover; }
+QTreeView::item:selected, QListView::item:selected { background: @Lit; color: @Text; border-radius: 4px; }
 QScrollArea { border: none; background: transparent; }
 QScrollArea > QWidget > QWidget { background: transparent; }
 QLineEdit { padding: 5px 8px; }
@@ -126,13 +142,7 @@ QPushButton[slim="true"] { padding: 2px 10px; }
 *[quiet="true"] { color: @Quiet; }
 )";
 
-QColor Mix(const QColor &a, const QColor &b, double part) {
-  const auto blend = [part](int x, int y) { return static_cast<int>(x + (y - x) * part + 0.5); };
-  return {blend(a.red(), b.red()), blend(a.green(), b.green()), blend(a.blue(), b.blue())};
-}
-
 QString FilledSheet(const Theme &t) {
-  const QColor notice = Mix(t.Window, t.Dark ? QColor("#FFA94D") : QColor("#F08C00"), 0.16);
   const std::pair<const char *, QColor> names[] = {// A name that begins another comes after it.
                                                    {"@Window", t.Window},
                                                    {"@Pane", t.Pane},
@@ -145,11 +155,11 @@ QString FilledSheet(const Theme &t) {
                                                    {"@AccentHover", t.AccentHover},
                                                    {"@AccentText", t.AccentText},
                                                    {"@Accent", t.Accent},
-                                                   {"@Faint", Mix(t.Quiet, t.Window, 0.45)},
-                                                   {"@Edge", Mix(t.Hairline, t.Quiet, 0.45)},
-                                                   {"@Lit", Mix(t.Window, t.Accent, 0.2)},
-                                                   {"@Glow", Mix(t.Window, t.Accent, 0.12)},
-                                                   {"@Notice", notice}};
+                                                   {"@Faint", t.Faint},
+                                                   {"@Edge", t.Edge},
+                                                   {"@Lit", t.Lit},
+                                                   {"@Glow", t.Glow},
+                                                   {"@Notice", t.Notice}};
   QString sheet = QString::fromLatin1(Sheet);
   for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
   return sheet.replace(QLatin1String("@Ticks"), QLatin1String(t.Dark ? "dark" : "light"));
@@ -177,6 +187,15 @@ QColor ContourColour(const Theme &t, std::uint32_t colour) {
   return t.Dark ? Mix(c, Qt::white, 0.4 * (1 - light)) : Mix(c, Qt::black, 0.3 * light);
 }
 
+QColor ChartFill(const Theme &t, std::uint32_t colour) {
+  return t.Dark ? Mix(t.Field, FromRed(colour), 0.36) : FromRed(colour);
+}
+
+QColor ChartLine(const Theme &t, std::uint32_t colour) {
+  const QColor c = FromRed(colour);
+  return t.Dark ? c : QColor::fromHsv(c.hsvHue(), std::min(255, c.hsvSaturation() * 2), c.value() * 11 / 20);
+}
+
 QColor InkColour(const Theme &t, const DrawItem &item) {
   switch (item.Role) {
   case Ink::Own: return item.Inverse ? t.Guide : FromRed(item.Colour);
@@ -192,11 +211,7 @@ QColor InkColour(const Theme &t, const DrawItem &item) {
   case Ink::Note: return t.Text;
   case Ink::Guide: return t.Guide;
   case Ink::WillBe: return t.New;
-  case Ink::WillGo: {
-    QColor gone = t.Gone;
-    gone.setAlphaF(0.4F);
-    return gone;
-  }
+  case Ink::WillGo: return t.Gone;
   }
   return t.Text;
 }
@@ -239,7 +254,7 @@ void ApplyTheme(QApplication &app, const Theme &t) {
   p.setColor(QPalette::Mid, t.Hairline);
   p.setColor(QPalette::Dark, t.Quiet);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    p.setColor(QPalette::Disabled, role, Mix(t.Quiet, t.Window, 0.45));
+    p.setColor(QPalette::Disabled, role, t.Faint);
   app.setPalette(p);
   QToolTip::setPalette(p);
   app.setStyleSheet(FilledSheet(t));

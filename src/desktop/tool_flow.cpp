@@ -7,9 +7,9 @@
 #include <limits>
 
 namespace {
-constexpr int Gap = 1, GroupGap = 7, StackGap = 12, Left = 8, Right = 6, Edge = 8; // pixels
+constexpr int Gap = 1, GroupGap = 7, StackGap = 12, Left = 8, Right = 12, Edge = 8; // pixels
 constexpr ToolGrid Grids[] = {{1, 2, 32}, {1, 3, 32}, {2, 2, 32}, {2, 3, 32},
-                              {2, 2, 28}, {2, 3, 28}, {2, 4, 28}};
+                              {2, 2, 28}, {2, 3, 28}, {2, 4, 28}, {2, 4, 26}};
 constexpr int IconRoom = 8;                 // of a button beside its icon
 constexpr int WordIcon = 16, WordRoom = 23; // of a button with words
 
