@@ -56,6 +56,8 @@ bool ShowArea(Drafting &d) {
     d.Answers.clear();
     return false;
   }
+  for (const Stretch &s : scan.Filled)
+    d.Out.Panel.Overlay.push_back({.Role = Ink::Guide, .At = {s.X1, s.Y1, s.X2, s.Y2}, .Text = {}});
   d.Out.Panel.Overlay.push_back({.What = DrawItem::Kind::Mark,
                                  .Role = Ink::Note,
                                  .At = {scan.CentroidX, scan.CentroidY, -d.Out.Panel.Height / 100},

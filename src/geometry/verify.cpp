@@ -11,6 +11,7 @@
 #include <numeric>
 
 namespace {
+constexpr long HatchLines = 120;
 
 struct End : Point {
   std::size_t Owner = 0;
@@ -217,6 +218,7 @@ AreaScan ScanArea(const EntityTable &table, double grainRadius, double resolutio
   low -= resolution;
   const double first = low + resolution / 2;
   const auto lines = height > 0 ? static_cast<long>(height / resolution + 1 + 1e-9) + 1 : 0L;
+  const long hatch = std::max(1L, lines / HatchLines);
   for (long k = 0; k < lines; ++k) {
     double y = first + static_cast<double>(k) * resolution;
     for (const Flank &f : flank)
@@ -243,6 +245,9 @@ AreaScan ScanArea(const EntityTable &table, double grainRadius, double resolutio
       width += b - a;
       momentX += (b - a) * (a + b) / 2;
       momentY += (b - a) * y;
+      if (!selectedOnly || k % hatch != 0) continue;
+      const Point from = Turned({a, y}, -scan.Turn), to = Turned({b, y}, -scan.Turn);
+      scan.Filled.push_back({from.X, from.Y, to.X, to.Y});
     }
   }
   scan.Closed = true;

@@ -6,12 +6,16 @@
 #include <vector>
 
 // Area and centroid by horizontal scan lines over a closed outline.
+struct Stretch {
+  double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0; // mm
+};
 struct AreaScan {
   bool Closed = false; // false: some scan line met an odd number of crossings at every shift tried
   double Area = 0, CentroidX = 0, CentroidY = 0; // mm2, mm; in design coordinates
   double ScanY = 0;             // when not closed: the failing scan line, in the turned drawing
   std::vector<double> Crossing; // and its crossings' X, sorted
   double Turn = 0;              // the angle the drawing was turned by for the scan, radians
+  std::vector<Stretch> Filled;  // of selected rows, closed: some hundred stretches inside, as hatching
 };
 // Over the selected rows, or over all of them. resolution in mm; it is refined for an outline of fewer than
 // 50 lines' height (all of it when it is 0) and coarsened past 400000 lines. Ends within joinTolerance (mm)
