@@ -163,10 +163,21 @@ std::string TooManyWords(const Import &in, std::size_t row) {
          (in.Shapes.Approximated > 0 ? " (a wider tolerance makes fewer arcs)" : "");
 }
 
+// The grain's edge as this program writes it: the last circle, of the radius that the header tells.
+bool EndsWithRim(const std::vector<Entity> &rows, double radius) {
+  const Entity &last = rows.back();
+  return last.EntType == CircleType && last.CenterX == 0 && last.CenterY == 0 &&
+         std::abs(last.Radius - radius) <= 1e-9 * radius;
+}
+
 // Takes the grain's edge out of the rows, moves them, and settles the diameter.
 std::string Place(Import &in, std::vector<Entity> &rows) {
   GrainDoc &doc = in.Made.Doc;
-  const int rim = in.Wish.GrainDiameter > 0 ? -1 : RimOf(rows, doc.JoinTolerance);
+  std::optional<double> radius = OwnRadius(in.File);
+  if (radius) *radius *= in.Unit;
+  int rim = in.Wish.GrainDiameter > 0 ? -1 : RimOf(rows, doc.JoinTolerance);
+  if (radius && !rows.empty() && in.Wish.GrainDiameter == 0)
+    rim = EndsWithRim(rows, *radius) ? static_cast<int>(rows.size()) - 1 : -1; // else a row like any other
   Frame frame;
   for (const Entity &row : rows) Widen(frame, row);
   Point middle{(frame.Left + frame.Right) / 2, (frame.Bottom + frame.Top) / 2};
@@ -177,20 +188,14 @@ std::string Place(Import &in, std::vector<Entity> &rows) {
     for (Entity &row : rows) Shift(row, -middle.X, -middle.Y);
     in.Say("Moved by its middle (" + at + ") to the grain's centre.", false);
   }
-  std::optional<double> radius = OwnRadius(in.File);
-  if (radius) *radius *= in.Unit;
   const bool centred = in.Wish.Centre || std::hypot(middle.X, middle.Y) <= doc.JoinTolerance;
   if (in.Wish.GrainDiameter > 0) {
     radius = in.Wish.GrainDiameter / 2;
   } else if (rim >= 0 && centred) {
     const double edge = rows[static_cast<std::size_t>(rim)].Radius;
-    const bool writtenAsRow =
-        radius && std::abs(*radius - edge) > 1e-9 * edge; // of our own, but not its grain
-    if (!writtenAsRow) {
-      radius = edge;
-      rows.erase(rows.begin() + rim);
-      in.Say("The circle about everything, " + Mm(2 * edge) + ", is the grain's edge.", false);
-    }
+    radius = edge;
+    rows.erase(rows.begin() + rim);
+    in.Say("The circle of " + Mm(2 * edge) + " about the drawing is the grain's edge.", false);
   } else if (rim >= 0) {
     in.Say("A circle about everything has its centre at " + at +
                ": to take it as the grain's edge, bring it to the grain's centre.",

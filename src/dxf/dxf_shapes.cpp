@@ -45,6 +45,7 @@ void ArcOrCircle(ShapeSink &sink, const DxfFields &f, const PlaneMap &map) {
   if (arc) {
     const double start = Real(f, 50), end = Real(f, 51);
     SetRange(c, RadiansOf(start), RadiansOf(end));
+    c.GivenTo = RadiansOf(end);
   }
   const int plane = PlaneOf(f);
   if (!f.Trouble.empty()) return;

@@ -62,5 +62,7 @@ Entity RowFrom(const Conic &c) {
   const double turn = std::atan2(c.U.Y, c.U.X);
   const bool mirrored = c.U.X * c.V.Y - c.U.Y * c.V.X < 0;
   const double start = mirrored ? turn - c.To : turn + c.From, end = mirrored ? turn - c.From : turn + c.To;
+  if (turn == 0 && !mirrored && c.GivenTo >= 0 && c.GivenTo <= TwoPi)
+    return MakeArc(c.Centre.X, c.Centre.Y, radius, InTurn(start), c.GivenTo);
   return MakeArc(c.Centre.X, c.Centre.Y, radius, InTurn(start), InTurn(end));
 }

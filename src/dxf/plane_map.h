@@ -17,6 +17,7 @@ struct Conic {
   Point Centre, U, V;
   double From = 0, To = 0;
   bool Whole = false;
+  double GivenTo = -1; // To as it was given, in 0..2*pi; an arc that is not turned keeps it
 };
 Conic MappedConic(const PlaneMap &, const Conic &);
 bool IsRound(const Conic &);        // U and V square to each other and of one length, to 1e-9 of it

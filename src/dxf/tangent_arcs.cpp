@@ -69,13 +69,25 @@ bool Fits(const Curve &curve, double from, double to, double tolerance, ArcPair 
   });
 }
 
+bool SameCircle(const Entity &a, const Entity &b) {
+  const double near = 1e-9 * a.Radius;
+  return a.EntType == ArcType && b.EntType == ArcType && std::abs(a.Radius - b.Radius) <= near &&
+         std::hypot(a.CenterX - b.CenterX, a.CenterY - b.CenterY) <= near;
+}
+
 void Append(std::vector<Entity> &rows, const ArcPair &pair) {
   if (pair.One.EntType == LineType && pair.Other.EntType == LineType) {
     rows.push_back(MakeLine(pair.One.X1, pair.One.Y1, pair.Other.X2, pair.Other.Y2));
     return;
   }
   rows.push_back(pair.One);
-  rows.push_back(pair.Other);
+  if (!SameCircle(pair.One, pair.Other)) return rows.push_back(pair.Other);
+  Entity &both = rows.back();
+  const Entity &more = pair.Other;
+  const bool forward =
+      std::hypot(both.X2 - more.X1, both.Y2 - more.Y1) < std::hypot(both.X1 - more.X2, both.Y1 - more.Y2);
+  both = forward ? MakeArc(both.CenterX, both.CenterY, both.Radius, both.StartAngle, more.EndAngle)
+                 : MakeArc(both.CenterX, both.CenterY, both.Radius, more.StartAngle, both.EndAngle);
 }
 } // namespace
 
