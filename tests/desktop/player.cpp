@@ -341,6 +341,7 @@ std::optional<Outcome> Draft(Player &player, const QStringList &word) {
   }
   if (verb == "letters") return Letters(player, name.toInt());
   if (verb == "hover") {
+    if (QApplication::activeModalWidget()) return Outcome{Step::Later, "a dialog is open"};
     MouseInDrawing(player, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, name.toDouble(),
                    word.value(2).toDouble());
     return Outcome{};

@@ -23,6 +23,54 @@ TEST(Typing, ANumberAndTwoEntersDrawWhereOneAims) {
   EXPECT_NEAR(circle.Radius, 3, 1e-9);
 }
 
+// Each meaning the two fields have: a position, a length and angle, a diameter or radius, a width and height,
+// the tool's own value.
+TEST(Typing, TheFieldsMeanWhatTheToolAsksFor) {
+  const auto entered = [](const char *keys) {
+    Lines lines;
+    for (const char *c = keys; *c; ++c)
+      lines.push_back(QString("key %1").arg(*c == '_' ? QString("Return") : QString(QChar(*c))));
+    return lines;
+  };
+  const auto joined = [](Lines first, const Lines &then) {
+    first.insert(first.end(), then.begin(), then.end());
+    return first;
+  };
+  const auto turning = [](int command) {
+    return Lines{"cmd 1",
+                 "click 10 0",
+                 "click 20 0",
+                 "key Escape",
+                 QString("cmd %1").arg(command),
+                 "press XFormOption:Move",
+                 "press SelectAll",
+                 "hover 5 5"};
+  };
+  struct Case {
+    const char *Name;
+    Lines Before;
+    const char *Keys; // _ is Enter
+    Lines After;
+    double Entity::*Field; // of the first row
+    double Value;
+  };
+  const Case cases[] = {
+      {"position", {"cmd 1", "hover 3 3"}, "4_-5_12_0_", {}, &Entity::Y1, -5},
+      {"length and angle", {"cmd 1", "click 0 0", "hover 3 3"}, "8_90_", {}, &Entity::Y2, 8},
+      {"diameter", {"cmd 24", "click 0 0", "hover 3 3"}, "9_", {}, &Entity::Radius, 4.5},
+      {"width and height", {"cmd 52", "click 1 2", "hover 5 5"}, "6_7_", {}, &Entity::X2, 7},
+      {"rotation", turning(72), "90__", {"click 0 0"}, &Entity::Y2, 20},
+      {"scale", turning(73), "3__", {"click 0 0"}, &Entity::X2, 60},
+  };
+  for (const Case &c : cases) {
+    SCOPED_TRACE(c.Name);
+    Journey j;
+    j.Run(FiveKeys, PastIntro(joined(joined(c.Before, entered(c.Keys)), c.After)));
+    ASSERT_GE(j.Table.EntCount, 0);
+    EXPECT_NEAR(RowAt(j.Table, 0).*c.Field, c.Value, 1e-9);
+  }
+}
+
 // Every letter and digit is a hot key here.
 TEST(Typing, NoFieldOfAnyToolLetsAHotKeyThrough) {
   Journey j;
