@@ -25,22 +25,20 @@ bool IsText(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
 }
 
-bool IsPadding(std::string_view bytes) {
-  return std::all_of(bytes.begin(), bytes.end(),
-                     [](char c) { return c == '\0' || c == ' ' || c == '\r' || c == '\n' || c == '\x1a'; });
-}
+// What an editor may leave behind the last record.
+bool IsLineEnd(std::string_view bytes) { return bytes.find_first_not_of("\r\n\x1a") == bytes.npos; }
 
 std::string RecordTrouble(const std::string &path, std::size_t record, const std::string &name,
                           const std::string &words) {
   return fmt::format("{}: record {}{}: {}", path, record, name.empty() ? "" : " (" + name + ")", words);
 }
 
-// The whole file without a tail of padding shorter than a record. The trouble, or empty.
+// The whole file without line ends behind the last record. The trouble, or empty.
 std::string ReadRecords(const std::string &path, std::size_t length, std::string &bytes) {
   if (std::string trouble = ReadWhole(path, bytes); !trouble.empty()) return trouble;
   const std::size_t over = bytes.size() % length, whole = bytes.size() / length;
   if (over == 0) return {};
-  if (!IsPadding(std::string_view(bytes).substr(whole * length)))
+  if (!IsLineEnd(std::string_view(bytes).substr(whole * length)))
     return RecordTrouble(
         path, whole + 1, "",
         fmt::format("cut off: {} bytes of {} (the file's length, {} bytes, is no multiple of {})", over,
