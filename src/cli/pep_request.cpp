@@ -13,6 +13,7 @@ namespace {
 
 constexpr double LowestTemperature = -200, HighestTemperature = 500; // of a propellant, degrees Celsius
 constexpr double HighestPressure = 1000;                             // MPa
+constexpr double HighestWeight = 1e9;                                // g
 constexpr double HighestExpansion = 100;
 
 bool NumberOf(std::string_view text, double &value) {
@@ -38,7 +39,7 @@ std::string ReadMix(const PepArguments &a, const DataFiles &files, PepInputs &in
     PepIngredient ingredient;
     ingredient.ListPosition = FindIngredient(files, name);
     if (ingredient.ListPosition == 0) return NoSuchIngredient(files, name);
-    if (!NumberOf(text, ingredient.Weight) || !(ingredient.Weight > 0))
+    if (!NumberOf(text, ingredient.Weight) || !(ingredient.Weight > 0 && ingredient.Weight <= HighestWeight))
       return fmt::format("{}: expected a weight above 0, found \"{}\"", name, text);
     inputs.Ingredient.push_back(ingredient);
   }
