@@ -3,8 +3,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 jobs=$(nproc 2>/dev/null || echo 2)
 
 see_to_packages() {
-  local wanted missing=() package as_root=()
-  mapfile -t wanted < <(grep -v -e '^#' -e '^$' scripts/packages.txt)
+  local wanted lists=(scripts/packages.txt) missing=() package as_root=()
+  [[ -z ${MORVANDEL_ALL_TOOLS:-} ]] || lists+=(scripts/packages-readers.txt)
+  mapfile -t wanted < <(grep -h -v -e '^#' -e '^$' "${lists[@]}")
   if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
     local tool
     for tool in g++ cmake ninja pkg-config python3; do
