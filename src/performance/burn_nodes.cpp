@@ -6,17 +6,24 @@
 namespace {
 
 struct Front {
-  double Dist = 0, Perimeter = 0, Section = 0;
+  double Dist = 0, Perimeter = 0, Section = 0, Fall = 1;
 };
 
-// What is left behind the last front, at a perimeter that goes on as it has gone.
+// What is left behind the last front. A perimeter that goes to 0 as a power of the way left keeps
+// section / perimeter in proportion to that way, so the last two fronts tell power and way: 1 for the corner
+// of a sliver, 1/2 for a lens. One that ends on an edge goes on evenly.
 Front EndOf(const std::vector<Front> &front, double step) {
   const Front &last = front.back(), &before = front[front.size() - 2];
-  const double slope = (last.Perimeter - before.Perimeter) / (last.Dist - before.Dist);
-  const double left = std::max(last.Section, 0.0);
-  const double root = std::sqrt(std::max(last.Perimeter * last.Perimeter + 2 * slope * left, 0.0));
-  const double way = std::clamp(2 * left / (last.Perimeter + root), 1e-9 * step, step);
-  return {last.Dist + way, std::max(2 * left / way - last.Perimeter, 0.0), 0};
+  const double P = last.Perimeter, left = std::max(last.Section, 0.0);
+  const double fall = (last.Dist - before.Dist) / (before.Section / before.Perimeter - left / P) - 1;
+  if (fall > 0.25 && fall < 3) {
+    const double way = (1 + fall) * left / P;
+    if (way > 0 && way <= step) return {last.Dist + way, 0, 0, fall};
+  }
+  const double slope = (P - before.Perimeter) / (last.Dist - before.Dist);
+  const double end = std::sqrt(std::max(P * P + 2 * slope * left, 0.0));
+  const double way = std::clamp(2 * left / (P + end), 1e-9 * step, step);
+  return {last.Dist + way, std::max(2 * left / way - P, 0.0), 0};
 }
 
 std::vector<Front> FrontsOf(const BurnRun &run) {
@@ -33,7 +40,7 @@ std::vector<Front> FrontsOf(const BurnRun &run) {
 
 BurnNode NodeOf(const Front &f, double length, int ends) {
   const double left = std::max(length - ends * f.Dist, 0.0);
-  return {f.Dist, f.Section, left * f.Perimeter + ends * f.Section, left * f.Section};
+  return {f.Dist, f.Section, left * f.Perimeter + ends * f.Section, left * f.Section, f.Fall};
 }
 
 // The front between two, linear in the perimeter.

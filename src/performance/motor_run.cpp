@@ -11,16 +11,16 @@
 namespace {
 
 constexpr double Gravity = 9.80665;
-// Above this part of a segment's volume the straight line between its ends misses an event within it.
-constexpr double EventPart = 2e-5;
+// The straight line between a segment's ends misses an event within it when it is wrong by both of these
+// parts of the segment's and of the whole volume.
+constexpr double EventPart = 1e-3, EventOfAll = 1e-6;
 
 double GrowthOver(double x) { return std::abs(x) < 1e-8 ? 1 + x / 2 : std::expm1(x) / x; }
 
-// The integral of db / (c K^m) over a segment on which K goes evenly from K0 to K1; not finite when K reaches
-// 0 and m is 1 or more.
-double SegmentTime(double way, double c, double m, double K0, double K1) {
-  if (K0 == 0) std::swap(K0, K1);
-  if (K1 == 0) return way / (c * std::pow(K0, m) * (1 - m));
+// The integral of db / (c K^m) over a segment on which K goes evenly from K0 to K1, or to 0 as a power of the
+// way left; not finite when that takes for ever.
+double SegmentTime(double way, double c, double m, double K0, double K1, double fall = 1) {
+  if (K1 == 0) return fall * m < 1 ? way / (c * std::pow(K0, m) * (1 - fall * m)) : HUGE_VAL;
   const double ratio = std::log(K1 / K0);
   return way / (c * std::pow(K0, m)) * GrowthOver((1 - m) * ratio) / GrowthOver(ratio);
 }
@@ -64,30 +64,46 @@ struct Segment {
 };
 
 // Where the line between both ends misses the volume that really burns, the surface has changed at once
-// somewhere between them: the volume says where.
-Segment SegmentOf(const BurnNode &from, const BurnNode &to, const Law &law) {
+// somewhere between them: the volume says after which part of the way. Below 0: it has not.
+double EventIn(const BurnNode &from, const BurnNode &to, double all) {
   const double way = to.Dist - from.Dist, burnt = from.Volume - to.Volume;
   const double even = (from.Area + to.Area) / 2 * way;
-  const double K0 = from.Area / law.At, K1 = to.Area / law.At;
-  if (std::abs(burnt - even) > EventPart * even && from.Area > 0 && to.Area > 0) {
-    const double part = (burnt / way - to.Area) / (from.Area - to.Area);
-    if (part > 0 && part < 1)
-      return {SegmentTime(part * way, law.c, law.m, K0, K0) +
-                  SegmentTime((1 - part) * way, law.c, law.m, K1, K1),
-              (part * from.Area + (1 - part) * to.Area) * way};
-  }
-  return {SegmentTime(way, law.c, law.m, K0, K1), even};
+  if (std::abs(burnt - even) <= std::max(EventPart * even, EventOfAll * all)) return -1;
+  const double part = (burnt / way - to.Area) / (from.Area - to.Area);
+  return to.Area > 0 && part > 0 && part < 1 ? part : -1;
 }
 
-// At n of 1/2 and more a surface that dwindles to nothing takes for ever. There the clock stops when the
-// pressure has fallen for good below a hundredth of its peak: the last node that is timed.
-std::size_t LastTimed(const std::vector<BurnNode> &node, const Law &law) {
-  std::size_t last = node.empty() ? 0 : node.size() - 1;
-  if (law.m < 1) return last;
-  double peak = 0;
-  for (const BurnNode &n : node) peak = std::max(peak, n.Area);
-  while (last > 0 && std::pow(node[last].Area / peak, law.Power) < 0.01) --last;
-  return last;
+Segment SegmentOf(const BurnNode &from, const BurnNode &to, double all, const Law &law) {
+  const double way = to.Dist - from.Dist, K0 = from.Area / law.At, K1 = to.Area / law.At;
+  if (const double part = EventIn(from, to, all); part > 0)
+    return {SegmentTime(part * way, law.c, law.m, K0, K0) +
+                SegmentTime((1 - part) * way, law.c, law.m, K1, K1),
+            (part * from.Area + (1 - part) * to.Area) * way};
+  const double volume = to.Area == 0 ? from.Area / (1 + to.Fall) : (from.Area + to.Area) / 2;
+  return {SegmentTime(way, law.c, law.m, K0, K1, to.Fall), volume * way};
+}
+
+// At n of 1/2 and more (a cusp: less) a surface that dwindles to nothing takes for ever. There the clock
+// stops when the pressure has fallen for good below a hundredth of its peak, which is at this surface; else
+// 0.
+double LeastTimed(const std::vector<BurnNode> &node, const Law &law) {
+  if (node.empty() || (law.m < 1 && law.m * node.back().Fall < 1)) return 0;
+  double most = 0;
+  for (const BurnNode &n : node) most = std::max(most, n.Area);
+  const double least = most * std::pow(0.01, 1 / law.Power);
+  return node.back().Area < least ? least : 0;
+}
+
+// The part of a segment before its surface falls to `least`, and the node there.
+Segment UntilLeast(const BurnNode &from, const BurnNode &to, double least, double all, const Law &law,
+                   BurnNode &at) {
+  const double event = EventIn(from, to, all);
+  const double even = (from.Area - least) / (from.Area - to.Area);
+  const double part = event > 0 ? event : to.Area == 0 ? 1 - std::pow(least / from.Area, 1 / to.Fall) : even;
+  const double way = part * (to.Dist - from.Dist), before = event > 0 ? from.Area : least;
+  at = {from.Dist + way, from.Section + part * (to.Section - from.Section), least, 0};
+  return {SegmentTime(way, law.c, law.m, from.Area / law.At, before / law.At),
+          way * (from.Area + before) / 2};
 }
 
 double ChartTime(const BurnRun &run, const MotorInputs &in) {
@@ -138,19 +154,24 @@ bool RunMotor(const BurnRun &burn, const MotorInputs &in, MotorRun &run, std::st
   if (!trouble.empty()) return false;
   const std::vector<BurnNode> node = BurnNodes(burn, in.GrainLength, in.EndsExposed);
   const Law law = LawOf(in);
+  const double least = LeastTimed(node, law);
+  std::size_t last = node.size(); // the node after which the clock stands
+  while (least > 0 && node[last - 1].Area < least) --last;
   MotorRun fresh;
   MotorFigures &f = fresh.Figures;
-  const std::size_t lastTimed = LastTimed(node, law);
   double burnt = 0, timed = 0; // mm3
   for (std::size_t i = 0; i < node.size(); ++i) {
+    BurnNode at = node[i];
     if (i > 0) {
-      const Segment s = SegmentOf(node[i - 1], node[i], law);
-      burnt += s.Volume;
-      if (i > lastTimed) continue;
-      f.BurnTime += s.Time;
-      timed = burnt;
+      const Segment whole = SegmentOf(node[i - 1], node[i], node[0].Volume, law);
+      const Segment clocked =
+          i == last ? UntilLeast(node[i - 1], node[i], least, node[0].Volume, law, at) : whole;
+      burnt += whole.Volume;
+      if (i > last) continue;
+      f.BurnTime += clocked.Time;
+      timed += clocked.Volume;
     }
-    fresh.Sample.push_back(SampleOf(node[i], f.BurnTime, law, in));
+    fresh.Sample.push_back(SampleOf(at, f.BurnTime, law, in));
     const MotorSample &s = fresh.Sample.back();
     if (!AllFinite(s) || s.MassFlux < 0) {
       trouble = s.MassFlux < 0 ? "The grain diameter leaves no port for the gas"

@@ -10,10 +10,12 @@
 
 namespace {
 
-BurnRun Burn(const Design &design) {
+BurnRun Burn(const Design &design, double step = 0) {
   BurnRun run;
   BurnRefusal refusal;
-  EXPECT_TRUE(BurnDesign(design, {}, run, refusal)) << refusal.Text;
+  BurnOptions options;
+  options.Step = step;
+  EXPECT_TRUE(BurnDesign(design, options, run, refusal)) << refusal.Text;
   return run;
 }
 
@@ -96,19 +98,91 @@ TEST(MotorRun, TubesAgreeWithTheirClosedForm) {
   }
 }
 
-TEST(MotorRun, MassBalancesOnAnyDesign) {
+// A run of eight times as many steps stands for the truth.
+TEST(MotorRun, FinerStepsChangeNothing) {
   for (const char *folder : {TEST_DATA "/cases", TEST_SOURCE "/examples"})
     for (const auto &file : std::filesystem::directory_iterator(folder)) {
       if (file.path().extension() != ".mvd") continue;
+      SCOPED_TRACE(file.path());
       Design design;
       ASSERT_EQ(ReadGrainFile(file.path(), design), "");
-      for (const double n : {0.3, 0.7}) {
-        MotorRun run;
+      const BurnRun coarse = Burn(design), fine = Burn(design, design.Doc.GrainRadius / 8000.0);
+      for (const double n : {0.0, 0.3, 0.7}) {
+        const MotorInputs in = InputsOf(design.Doc, n);
+        MotorRun run, truth;
         std::string trouble;
-        ASSERT_TRUE(RunMotor(Burn(design), InputsOf(design.Doc, n), run, trouble)) << trouble;
-        EXPECT_NEAR(run.Figures.MassBalance, 1, 1e-4) << file.path();
+        ASSERT_TRUE(RunMotor(coarse, in, run, trouble)) << trouble;
+        ASSERT_TRUE(RunMotor(fine, in, truth, trouble)) << trouble;
+        const MotorFigures &f = run.Figures, &t = truth.Figures;
+        EXPECT_NEAR(f.MassBalance, 1, 1e-4);
+        EXPECT_NEAR(f.PropellantMass / t.PropellantMass, 1, 1e-9);
+        EXPECT_NEAR(f.TotalImpulse / t.TotalImpulse, 1, 1e-4);
+        const double close = n > 0.5 ? 3e-3 : 1e-3; // there the pressure goes with the surface's third power
+        EXPECT_NEAR(f.PeakPressure / t.PeakPressure, 1, close) << n;
+        EXPECT_NEAR(f.BurnTime / t.BurnTime, 1, close) << n;
+        EXPECT_NEAR(f.MeanPressure / t.MeanPressure, 1, close) << n;
       }
     }
+}
+
+TEST(MotorRun, OneEndsGasPassesThePortOnlyFromTheTop) {
+  Design design = MakeDesign(50, 100, 8, 1);
+  AppendRow(design.Table, MakeCircle(0, 0, 10));
+  const BurnRun burn = Burn(design);
+  MotorInputs in = InputsOf(design.Doc, 0.3);
+  MotorRun top, bottom;
+  std::string trouble;
+  ASSERT_TRUE(RunMotor(burn, in, top, trouble));
+  in.TopEnd = false;
+  ASSERT_TRUE(RunMotor(burn, in, bottom, trouble));
+  const double core = TwoPi * 10 * 100, end = Pi * (625 - 100);
+  EXPECT_NEAR(top.Sample[0].MassFlux / bottom.Sample[0].MassFlux, (core + end) / core, 1e-9);
+  EXPECT_NEAR(top.Sample[0].MassFlux, top.Sample[0].MassFlow / 1000 / (Pi * 100 * 1e-6), 1e-9);
+}
+
+TEST(MotorRun, ClassesDoubleFromLetterToLetter) {
+  for (const auto &[impulse, name] : {std::pair{0.2, "1/8A"},
+                                      {0.5, "1/4A"},
+                                      {1.25, "1/2A"},
+                                      {1.26, "A"},
+                                      {2.5, "A"},
+                                      {2.51, "B"},
+                                      {160.0, "G"},
+                                      {161.0, "H"},
+                                      {8e7, "Z"},
+                                      {1e8, "AA"},
+                                      {1e300, "ZZ"}})
+    EXPECT_EQ(MotorClassOf(impulse), name) << impulse;
+}
+
+TEST(MotorRun, BadInputsAreNamedAndLeaveTheRun) {
+  Design design = MakeDesign(50);
+  AppendRow(design.Table, MakeCircle(0, 0, 10));
+  const BurnRun burn = Burn(design);
+  struct Row {
+    void (*Spoil)(MotorInputs &);
+    const char *Says;
+  };
+  for (const Row &row : {Row{[](MotorInputs &in) { in.Fuel.A = 0; }, "burn rate a"},
+                         {[](MotorInputs &in) { in.Fuel.A = -1; }, "burn rate a"},
+                         {[](MotorInputs &in) { in.Fuel.N = 1; }, "exponent n"},
+                         {[](MotorInputs &in) { in.Fuel.N = std::nan(""); }, "exponent n"},
+                         {[](MotorInputs &in) { in.Fuel.N = 0.9999; }, "beyond all numbers"},
+                         {[](MotorInputs &in) { in.Fuel.Density = 0; }, "density"},
+                         {[](MotorInputs &in) { in.Fuel.CStar = -5; }, "c*"},
+                         {[](MotorInputs &in) { in.Fuel.Isp = 0; }, "Isp"},
+                         {[](MotorInputs &in) { in.ThroatDiam = 0; }, "throat"},
+                         {[](MotorInputs &in) { in.GrainLength = 0; }, "length"},
+                         {[](MotorInputs &in) { in.GrainDiam = 30; }, "no port"}}) {
+    MotorInputs in = InputsOf(design.Doc, 0.3);
+    row.Spoil(in);
+    MotorRun run;
+    run.Figures.BurnTime = 7;
+    std::string trouble;
+    EXPECT_FALSE(RunMotor(burn, in, run, trouble)) << row.Says;
+    EXPECT_NE(trouble.find(row.Says), std::string::npos) << trouble;
+    EXPECT_EQ(run.Figures.BurnTime, 7);
+  }
 }
 
 } // namespace
