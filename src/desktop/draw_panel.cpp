@@ -26,7 +26,7 @@ DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setMinimumSize(320, 140);
+  setMinimumSize(240, 140);
   setCursor(Qt::CrossCursor);
 }
 

@@ -31,7 +31,7 @@ constexpr Ctl Figures[] = {Ctl::Live_MaxKn,      Ctl::Live_FirstKn, Ctl::Live_Ma
 } // namespace
 
 LiveBurnPane::LiveBurnPane(Bindings &bindings) {
-  constexpr int ChartHeight = 168;
+  constexpr int ChartHeight = 160;
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(4, 0, 4, 0);
   column->setSpacing(8);
@@ -57,10 +57,13 @@ LiveBurnPane::LiveBurnPane(Bindings &bindings) {
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
   column->addLayout(grid);
-  auto *note = Quiet(Bind(bindings, Ctl::Live_Note, new QLabel));
-  note->setWordWrap(true);
-  column->addWidget(note);
+  Note = Bind(bindings, Ctl::Live_Note, new QLabel);
+  Quiet(Note)->setWordWrap(true);
+  column->addWidget(Note);
   Bind(bindings, Ctl::Live_Frame, this);
 }
 
-void LiveBurnPane::Copy(const Screen &screen, const Theme &theme) { View->Copy(screen.MyLiveChart, theme); }
+void LiveBurnPane::Copy(const Screen &screen, const Theme &theme) {
+  View->Copy(screen.MyLiveChart, theme);
+  Note->setVisible(screen[Ctl::Live_Note].Visible && !screen[Ctl::Live_Note].Text.empty());
+}

@@ -2,6 +2,7 @@
 #include "desktop/bindings.h"
 
 class ChartView;
+class QLabel;
 
 // The curve of the drawing at hand, its figures in small type, and a word on what the curve is.
 class LiveBurnPane final : public QWidget {
@@ -11,4 +12,5 @@ public:
 
 private:
   ChartView *View;
+  QLabel *Note;
 };

@@ -60,8 +60,8 @@ SidePane::SidePane(Bindings &bindings) {
   setFocusPolicy(Qt::NoFocus);
   auto *pane = new QWidget;
   auto *outer = new QVBoxLayout(pane);
-  outer->setContentsMargins(12, 12, 12, 16);
-  outer->setSpacing(16);
+  outer->setContentsMargins(12, 12, 12, 8);
+  outer->setSpacing(12);
 
   Card = Frame("ToolCard");
   auto *column = new QVBoxLayout(Card);

@@ -9,9 +9,11 @@
 namespace {
 constexpr int Gap = 1, GroupGap = 7, StackGap = 12, Left = 8, Right = 12, Edge = 8; // pixels
 constexpr ToolGrid Grids[] = {{1, 2, 32}, {1, 3, 32}, {2, 2, 32}, {2, 3, 32},
-                              {2, 2, 28}, {2, 3, 28}, {2, 4, 28}, {2, 4, 26}};
+                              {2, 2, 28}, {2, 3, 28}, {2, 4, 28}, {3, 3, 26}};
 constexpr int IconRoom = 8;                 // of a button beside its icon
 constexpr int WordIcon = 16, WordRoom = 23; // of a button with words
+
+int HeadRoom(const ToolGrid &grid) { return grid.StackWidth() + StackGap - 2; }
 
 int WidthOf(const ToolGrid &grid) {
   return Left + Right + grid.Stacks * grid.StackWidth() + (grid.Stacks - 1) * StackGap;
@@ -38,7 +40,7 @@ std::vector<Cell> CellsOf(const ToolGroup &group, int columns) {
 int HeightOf(const ToolGroup &group, const ToolGrid &grid) {
   const auto cells = CellsOf(group, grid.Columns);
   const int rows = cells.empty() ? 0 : cells.back().Row + 1;
-  return group.HeadHeight(grid.StackWidth()) + rows * (grid.Side + Gap);
+  return group.HeadHeight(HeadRoom(grid)) + rows * (grid.Side + Gap);
 }
 
 // The first group of each stack, so that the highest stack is as low as can be.
@@ -80,10 +82,11 @@ ToolFlow::ToolFlow(std::vector<ToolGroup> groups) : Group(std::move(groups)) {
   }
 }
 
-int ToolFlow::Fit(int height) {
+int ToolFlow::Fit(int height, int width) {
   const ToolGrid *chosen = nullptr;
   int lowest = std::numeric_limits<int>::max();
   for (const ToolGrid &grid : Grids) {
+    if (chosen && WidthOf(grid) > width) continue;
     const int needed = Place(grid, false);
     if (needed >= lowest) continue;
     chosen = &grid;
@@ -114,10 +117,9 @@ int ToolFlow::Place(const ToolGrid &grid, bool move) {
       top = Edge;
     }
     const ToolGroup &group = Group[i];
-    const int left = Left + stack * (grid.StackWidth() + StackGap),
-              head = group.HeadHeight(grid.StackWidth());
+    const int left = Left + stack * (grid.StackWidth() + StackGap), head = group.HeadHeight(HeadRoom(grid));
     if (move) {
-      group.Head->setGeometry(left, top, grid.StackWidth() + StackGap - 2, head);
+      group.Head->setGeometry(left, top, HeadRoom(grid), head);
       const auto cells = CellsOf(group, grid.Columns);
       for (std::size_t t = 0; t < cells.size(); ++t) {
         QToolButton &tool = *group.Tool[t];

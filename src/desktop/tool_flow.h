@@ -19,11 +19,12 @@ struct ToolGrid {
   int StackWidth() const { return Columns * Side + (Columns - 1); }
 };
 
-// Tools in groups, every one in sight: the narrowest grid that fits the height there is.
+// Tools in groups, every one in sight: the narrowest grid that fits the height there is, or else the lowest
+// one that is not too wide.
 class ToolFlow final : public QWidget {
 public:
   explicit ToolFlow(std::vector<ToolGroup>);
-  int Fit(int height); // lays the tools out for it; the width they take
+  int Fit(int height, int width); // lays the tools out for it; the width they take
 
 protected:
   bool event(QEvent *) override;

@@ -53,7 +53,8 @@ public:
 protected:
   void resizeEvent(QResizeEvent *event) override {
     QScrollArea::resizeEvent(event);
-    const int wide = Flow->Fit(height());
+    constexpr double Part = 0.3; // of the window's width, at most
+    const int wide = Flow->Fit(height(), static_cast<int>(Part * window()->width()));
     const bool scrolls = Flow->height() > height();
     setFixedWidth(wide + 1 + (scrolls ? verticalScrollBar()->sizeHint().width() : 0));
   }
