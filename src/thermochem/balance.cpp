@@ -14,7 +14,7 @@ enum class Of { Enthalpy, Entropy };
 
 struct Bracket {
   double Temperature = 0, Value = 0;
-  bool Known = false;
+  bool Known = false, Settled = false;
   std::array<float, MaxSpecies + 2> Moles;
 };
 
@@ -51,17 +51,33 @@ bool Small(const Search &search, double step, double temperature) {
   return search.What == Of::Enthalpy ? std::abs(step) < 0.02 : std::abs(step) / temperature < 1e-5;
 }
 
-Balance Interpolate(Solver &s, const Search &search) {
+// The state of a part `wh` of the upper bracket in the lower; its value.
+double Mixed(Solver &s, const Search &search, double wh, double &temperature) {
   const Bracket &low = search.Low, &high = search.High;
-  const double span = high.Value - low.Value;
-  const double wh = span > 0 ? std::clamp((search.Target - low.Value) / span, 0.0, 1.0) : 0.5, wl = 1 - wh;
+  const double wl = 1 - wh;
   if (search.Mode == Composition::Equilibrium)
     for (int i = 1; i <= s.SpeciesCount; ++i)
       s.Moles[i] = static_cast<float>(wl * low.Moles[i] + wh * high.Moles[i]);
-  const double temperature = wl * low.Temperature + wh * high.Temperature;
+  temperature = wl * low.Temperature + wh * high.Temperature;
   EquilibriumAtTP(s, temperature, search.Pressure, Composition::Frozen);
+  return search.What == Of::Enthalpy ? s.Enthalpy : s.Entropy;
+}
+
+// Between the brackets; the weights are drawn closer because entropies of mixed gases do not simply add.
+Balance Interpolate(Solver &s, const Search &search) {
+  double lowPart = 0, highPart = 1, low = search.Low.Value, high = search.High.Value, temperature = 0;
+  for (int k = 0; k < 8; ++k) {
+    const double span = high - low;
+    const double wh =
+        span > 0 ? lowPart + (highPart - lowPart) * std::clamp((search.Target - low) / span, 0.0, 1.0) : 0.5;
+    const double value = Mixed(s, search, wh, temperature);
+    if (Small(search, Step(s, search, temperature, value, 1), temperature)) break;
+    (value < search.Target ? lowPart : highPart) = wh;
+    (value < search.Target ? low : high) = value;
+  }
   Correct(s, search, temperature);
-  return {temperature, true};
+  return {temperature, search.Low.Settled && search.High.Settled &&
+                           search.High.Temperature - search.Low.Temperature < Narrow};
 }
 
 void Keep(const Solver &s, Search &search, double temperature, double value) {
@@ -69,6 +85,7 @@ void Keep(const Solver &s, Search &search, double temperature, double value) {
   side.Temperature = temperature;
   side.Value = value;
   side.Known = true;
+  side.Settled = !s.BasisStale;
   side.Moles = s.Moles;
 }
 
@@ -83,7 +100,8 @@ Balance Seek(Solver &s, Search &search, double t) {
   };
   if (settled()) return done();
   for (int k = 1; k <= Rounds + MoreRounds; ++k) {
-    if (!s.BasisStale) Keep(s, search, t, value);
+    // What did not settle is kept in the end all the same: near a plateau its side is known.
+    if (!s.BasisStale || k > Rounds / 2) Keep(s, search, t, value);
     const double low = search.Low.Temperature, high = search.High.Temperature;
     const bool both = search.Low.Known && search.High.Known;
     if (both && high - low < Plateau) return Interpolate(s, search);
@@ -100,11 +118,7 @@ Balance Seek(Solver &s, Search &search, double t) {
     q = (value - before) / (s.Cp * (search.What == Of::Enthalpy ? drawn : drawn / was));
     if (!std::isfinite(q)) q = 1;
   }
-  if (search.Low.Known && search.High.Known) {
-    Balance found = Interpolate(s, search);
-    found.Converged = search.High.Temperature - search.Low.Temperature < Narrow;
-    return found;
-  }
+  if (search.Low.Known && search.High.Known) return Interpolate(s, search);
   return {t, false};
 }
 

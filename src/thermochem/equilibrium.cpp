@@ -2,6 +2,7 @@
 
 #include "thermochem/adjustment.h"
 #include "thermochem/basis.h"
+#include "thermochem/joint_step.h"
 #include "thermochem/species_thermo.h"
 
 #include <algorithm>
@@ -9,26 +10,52 @@
 
 namespace {
 
-constexpr int Passes = 20;
-constexpr double ElementLimit = 1e-5;
-
-// True: a pass moved nothing.
-bool RunPasses(Solver &s, double temperature, double pressure) {
-  for (s.Pass = 1; s.Pass <= Passes; ++s.Pass) {
-    AdjustmentPass(s, temperature, pressure);
-    if (!s.Moved) return true;
-    for (int k = 1; k <= s.SpeciesCount; ++k) {
-      AdjustmentPass(s, temperature, pressure);
-      if (!s.Moved) break;
-    }
-  }
-  return false;
-}
+constexpr int Passes = 20, InnerPasses = 1200, InnerRound = 60; // fewer than 100 in all are usual
+constexpr int JointFrom = 8, JointEvery = 4;
+constexpr double ElementLimit = 1e-5, PotentialLimit = 7e-4; // of RT
+constexpr double Trace = 1e-9;                 // mol per gram of the mix: below it a species may be absent
+constexpr double NoGas = 1e-7, GasSeed = 1e-6; // mol per gram of the mix
 
 double GasTotal(const Solver &s) {
   double gas = 0;
   for (int i = 1; i <= s.GasCount; ++i) gas += s.Moles[i];
   return std::max(gas, 1e-35);
+}
+
+// True: a pass moved nothing.
+bool RunPasses(Solver &s, double temperature, double pressure) {
+  int inner = 0;
+  for (s.Pass = 1; s.Pass <= Passes && inner < InnerPasses; ++s.Pass) {
+    AdjustmentPass(s, temperature, pressure);
+    if (!s.Moved) return true;
+    for (int k = 1; k <= std::min(s.SpeciesCount, InnerRound) && inner < InnerPasses; ++k, ++inner) {
+      AdjustmentPass(s, temperature, pressure);
+      if (!s.Moved) break;
+      if (inner >= JointFrom && inner % JointEvery == 0) JointStep(s);
+    }
+  }
+  return false;
+}
+
+// Whether gas would form where there is none: its partial pressures over condensed species alone add up to
+// more than the pressure. True too where a gas is in the basis.
+bool GasForms(const Solver &s, double pressure) {
+  for (int e = 1; e <= s.ElementCount; ++e)
+    if (s.BasisList[e] <= s.GasCount) return true;
+  double sum = 0;
+  for (int i = 1; i <= s.GasCount; ++i) sum += std::exp(std::min(-s.LogK[i], 50.0)) / pressure;
+  return sum > 1;
+}
+
+// Changes below the floor do not count as moves, so a gas that vanished could not come back: it is tried once
+// more from a seed, which shrinks again where there is none.
+bool SeedGas(Solver &s, double temperature, double pressure) {
+  const double gas = GasTotal(s);
+  if (s.GasCount == 0 || gas > NoGas * s.TotalWeight || !GasForms(s, pressure)) return true;
+  const double factor = GasSeed * s.TotalWeight / gas;
+  for (int i = 1; i <= s.GasCount; ++i) s.Moles[i] = static_cast<float>(s.Moles[i] * factor);
+  CloseElements(s);
+  return RunPasses(s, temperature, pressure);
 }
 
 } // namespace
@@ -63,8 +90,10 @@ double EquilibriumAtTP(Solver &s, double temperature, double pressure, Compositi
     s.BasisStale = false;
     for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = 50 - s.LogK[i];
     SortByKey(s);
-    if (!RunPasses(s, temperature, pressure)) s.BasisStale = true;
+    const bool still = RunPasses(s, temperature, pressure) && SeedGas(s, temperature, pressure);
     CloseElements(s);
+    // In a flat valley the moles still creep where the potentials have long been balanced.
+    s.BasisStale = !still && PotentialFault(s) > PotentialLimit;
   }
   s.LogScale = std::log(pressure / GasTotal(s));
   PropertySums(s);
@@ -73,8 +102,9 @@ double EquilibriumAtTP(Solver &s, double temperature, double pressure, Compositi
 }
 
 double PotentialFault(const Solver &s) {
+  const double trace = Trace * s.TotalWeight;
   double worst = 0;
-  const auto activity = [&](int i) { return std::log(std::max<double>(s.Moles[i], 1e-35)) + s.LogScale; };
+  const auto activity = [&](int i) { return std::log(std::max<double>(s.Moles[i], 1e-30)) + s.LogScale; };
   for (int i = 1; i <= s.SpeciesCount; ++i) {
     if (s.SpeciesStatus[i] == InBasis || Excluded(s, i)) continue;
     double fault = s.LogK[i];
@@ -82,7 +112,10 @@ double PotentialFault(const Solver &s) {
       if (s.ReactionMatrix[i][e] != 0 && s.BasisList[e] <= s.GasCount)
         fault -= s.ReactionMatrix[i][e] * activity(s.BasisList[e]);
     if (i <= s.GasCount) fault += activity(i);
-    if (s.Moles[i] <= 1.01 * s.MinMoles) fault = std::min(fault, 0.0); // the floor holds it up
+    if (s.Moles[i] < trace) {
+      const bool wanted = i > s.GasCount || s.Moles[i] * std::exp(std::min(-fault, 50.0)) > trace;
+      fault = wanted ? std::min(fault, 0.0) : 0;
+    }
     worst = std::max(worst, std::abs(fault));
   }
   return worst;

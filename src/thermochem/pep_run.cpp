@@ -89,6 +89,7 @@ void ExpandCase(Run &run, PepCase &c, PepMode mode, Nozzle nozzle) {
   line.clear();
   line.push_back(NodeOf(point[Chamber]));
   PepPoint last = point[Chamber];
+  bool settled = nozzle.Converged;
   for (int k = 0; k < count; ++k) {
     if (at[k] == point[Throat].Pressure) {
       last = point[Throat];
@@ -97,6 +98,14 @@ void ExpandCase(Run &run, PepCase &c, PepMode mode, Nozzle nozzle) {
       const double fall = std::log(at[k] / last.Pressure);
       last = Expand(s, nozzle, at[k], last.Temperature * std::exp(fall * (last.Gamma - 1) / last.Gamma));
     }
+    if (last.Temperature < 1.01 * Coldest) {
+      c.Notes.push_back(
+          fmt::format("The {} flow gets colder than {} K at {:.3g} atm: what is beyond is left out",
+                      mode == Shifting ? "shifting" : "frozen", Coldest, at[k]));
+      nozzle.Converged = settled;
+      break;
+    }
+    settled = nozzle.Converged;
     line.push_back(NodeOf(last));
     const bool first = std::abs(at[k] - ExitPsi1 / PsiPerAtm) < 1e-12 * at[k];
     if (!first && k + 1 < count) continue;
