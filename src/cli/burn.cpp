@@ -4,13 +4,13 @@
 #include "base/whole_file.h"
 #include "burnback/run_sim.h"
 #include "cli/exit_codes.h"
+#include "cli/motor_options.h"
 #include "cli/outputs.h"
 #include "outputs/named_figures.h"
 #include "outputs/picture.h"
 #include "shell/grain_file.h"
 
 #include <chrono>
-#include <cmath>
 #include <filesystem>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -22,23 +22,13 @@ int Fail(int code, const std::string &words) {
   return code;
 }
 
-// The dimensions given take the place of the file's. The trouble, or empty.
-std::string ApplyArguments(const BurnArguments &a, GrainDoc &doc) {
-  const auto bad = [](const char *option, const char *expected) {
-    return fmt::format("{}: expected {}", option, expected);
-  };
-  const auto fits = [](double v) { return std::isfinite(v) && v <= 1e6; };
-  if (a.HasDiameter && !(a.Diameter > 0 && fits(a.Diameter))) return bad("--diameter", "millimetres above 0");
-  if (a.HasLength && !(a.Length >= 0 && fits(a.Length))) return bad("--length", "millimetres, 0 or more");
-  if (a.HasThroat && !(a.Throat >= 0 && fits(a.Throat))) return bad("--throat", "millimetres, 0 or more");
-  if (a.HasDiameter) {
-    doc.GrainDiam = a.Diameter;
-    doc.GrainRadius = static_cast<float>(a.Diameter / 2);
-  }
-  if (a.HasLength) doc.GrainLength = static_cast<float>(a.Length);
-  if (a.HasThroat) doc.ThroatDiam = static_cast<float>(a.Throat);
-  if (a.HasEnds) doc.EndsExposed = a.Ends == "none" ? 0 : a.Ends == "A" ? 1 : a.Ends == "B" ? 2 : 3;
-  return {};
+DimensionOptions DimensionsOf(const BurnArguments &a) {
+  DimensionOptions given;
+  if (a.HasDiameter) given.Diameter = a.Diameter;
+  if (a.HasLength) given.Length = a.Length;
+  if (a.HasThroat) given.Throat = a.Throat;
+  if (a.HasEnds) given.Ends = a.Ends;
+  return given;
 }
 
 std::string TableText(const BurnRun &run) {
@@ -106,7 +96,8 @@ int BurnCommand(const BurnArguments &a) {
   Design design;
   if (std::string trouble = ReadGrainFile(a.File, design); !trouble.empty()) return Fail(BadUse, trouble);
   design.CurrentFile = a.File;
-  if (std::string trouble = ApplyArguments(a, design.Doc); !trouble.empty()) return Fail(BadUse, trouble);
+  if (std::string trouble = ApplyDimensions(DimensionsOf(a), design.Doc); !trouble.empty())
+    return Fail(BadUse, trouble);
   if (a.HasStep && !(a.Step > 0)) return Fail(BadUse, "--step: expected millimetres above 0");
 
   BurnOptions options;
