@@ -6,8 +6,9 @@
 
 namespace {
 
-constexpr double MuchCondensed = 0.3; // of the mass
-constexpr double Basis = 100;         // g
+constexpr double MuchCondensed = 0.3;     // of the mass
+constexpr double Basis = 100;             // g
+constexpr int ReferenceTemperature = 298; // K
 
 PepFigures::Figure Finite(bool stands, double value) {
   return stands && std::isfinite(value) ? PepFigures::Figure(value) : std::nullopt;
@@ -78,6 +79,12 @@ std::vector<std::string> PepWarnings(const PepOutcome &outcome, const DataFiles 
     if (at < files.Ingredient.size() && files.Ingredient[at].Confidence == "C")
       warnings.push_back("The heat of formation of " + files.Ingredient[at].Name + " is an estimate");
   }
+  const Mix &mix = outcome.Propellant;
+  if (mix.Temperature != ReferenceTemperature && std::abs(mix.TotalWeight - Basis) > 0.01 * Basis)
+    warnings.push_back(
+        fmt::format("The heat to bring the propellant to {} K is that of 100 g, for {:.6g} g too: "
+                    "give weights of 100 in all",
+                    mix.Temperature, mix.TotalWeight));
   std::vector<double> condensed, unconverged;
   double most = 0;
   for (const PepCase &one : outcome.Case) {

@@ -36,5 +36,6 @@ PepFigures FiguresOf(const PepOutcome &, const PepCase &);
 std::vector<SpeciesAmount> SpeciesOf(const PepOutcome &, const PepPoint &, double least = 1e-6);
 
 // What a user must know before trusting a run, a sentence each: the messages of the data, ingredients whose
-// heat of formation is an estimate, cases above 30 % of condensed mass, cases that did not converge.
+// heat of formation is an estimate, a temperature that weights of another total than 100 g do not fit, cases
+// above 30 % of condensed mass, cases that did not converge.
 std::vector<std::string> PepWarnings(const PepOutcome &, const DataFiles &);

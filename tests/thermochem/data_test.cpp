@@ -154,7 +154,7 @@ TEST(Data, AnyBytesAreReadOrRefused) {
   std::mt19937_64 random(Seed());
   const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
   int refused = 0;
-  for (int round = 0; round < 150 * Rounds(); ++round) {
+  for (int round = 0; round < 80 * Rounds(); ++round) {
     std::string file[] = {bytes[0], bytes[1]};
     std::string &hit = file[below(2)];
     for (std::size_t n = 1 + below(6); n > 0; --n) hit[below(hit.size())] = static_cast<char>(random());
