@@ -42,7 +42,8 @@ std::string ThrustFileText(const MotorRun &run, const MotorInputs &inputs, const
   const std::vector<ThrustPoint> points = ThrustPoints(run, MostPoints);
   double peak = 0;
   for (const ThrustPoint &p : points) peak = std::max(peak, p.Thrust);
+  const int times = Places(peak > 0 ? std::min(f.BurnTime, f.TotalImpulse / peak) : 0) + 1;
   for (const ThrustPoint &p : points)
-    text += fmt::format("   {} {}\n", Fixed(p.Time, Places(f.BurnTime) + 1), Fixed(p.Thrust, Places(peak)));
+    text += fmt::format("   {} {}\n", Fixed(p.Time, times), Fixed(p.Thrust, Places(peak)));
   return text + ";\n";
 }

@@ -7,8 +7,9 @@
 namespace {
 
 constexpr std::size_t MostCandidates = 800;
-constexpr double Rise = 1.0 / 2000; // of the burn time: first point, and fall to the closing zero
-constexpr double Nearest = 1e-4;    // of the burn time, between two points
+// Of the time the impulse would take at the peak, which a long tail does not stretch:
+constexpr double Rise = 1.0 / 2000; // to the first point, and of the fall to the closing zero
+constexpr double Nearest = 1e-4;    // between two points
 constexpr double Least = 1e-4;      // of the peak, of a point before the last
 
 // The curve over 0..1 of the burn time and of the peak, with the integrals of F, tF and F2 up to each point.
@@ -40,9 +41,10 @@ double Misfit(const Curve &c, std::size_t i, std::size_t j) {
   return std::max(0.0, c.Square[j] - c.Square[i] - 2 * cross + line);
 }
 
-// The samples between the first point and the fall, with these two added; time and thrust by the peak's
-// and the end's.
-Curve CurveOf(const std::vector<MotorSample> &sample, double end, double peak) {
+// The samples between the first point and the fall, with these two added. `chief`: the part of the burn time
+// that the impulse would take at the peak.
+Curve CurveOf(const std::vector<MotorSample> &sample, double end, double peak, double chief) {
+  const double rise = Rise * chief, nearest = Nearest * chief;
   Curve c;
   const auto at = [&](double t) { // thrust at a time of 0..1
     const auto next = std::lower_bound(sample.begin(), sample.end(), t * end,
@@ -53,12 +55,12 @@ Curve CurveOf(const std::vector<MotorSample> &sample, double end, double peak) {
     const double part = b.Time > a.Time ? (t * end - a.Time) / (b.Time - a.Time) : 0;
     return (a.Thrust + part * (b.Thrust - a.Thrust)) / peak;
   };
-  Add(c, Rise, at(Rise));
+  Add(c, rise, at(rise));
   for (const MotorSample &s : sample) {
     const double t = s.Time / end;
-    if (t >= c.T.back() + Nearest && t <= 1 - Rise - Nearest) Add(c, t, s.Thrust / peak);
+    if (t >= c.T.back() + nearest && t <= 1 - rise - nearest) Add(c, t, s.Thrust / peak);
   }
-  Add(c, 1 - Rise, at(1 - Rise));
+  Add(c, 1 - rise, at(1 - rise));
   return c;
 }
 
@@ -112,7 +114,8 @@ std::vector<ThrustPoint> ThrustPoints(const MotorRun &run, std::size_t most) {
   for (const MotorSample &s : run.Sample) peak = std::max(peak, s.Thrust);
   const double end = run.Sample.empty() ? 0 : run.Sample.back().Time;
   if (!(peak > 0 && end > 0)) return {};
-  const Curve c = CurveOf(run.Sample, end, peak);
+  const double chief = std::clamp(run.Figures.TotalImpulse / (peak * end), 1e-6, 1.0);
+  const Curve c = CurveOf(run.Sample, end, peak, chief);
   std::vector<ThrustPoint> points;
   double area = 0;
   ThrustPoint last;
