@@ -26,6 +26,7 @@ void PaintGrid(cairo_t *cr) {
   cairo_stroke(cr);
 }
 
+// Columns, grid over them, and the top points over both.
 void PaintColumns(cairo_t *cr, const PerformanceChart &chart) {
   const int width = static_cast<int>(Plot.Width);
   const std::vector<double> column = ChartColumns(chart, width);
@@ -42,6 +43,7 @@ void PaintColumns(cairo_t *cr, const PerformanceChart &chart) {
   cairo_close_path(cr);
   SetInk(cr, chart.Fill);
   cairo_fill(cr);
+  PaintGrid(cr);
   cairo_move_to(cr, Plot.Left, bottom - chart.Value[0] / chart.FullHeight * Plot.Height);
   trace();
   SetInk(cr, chart.TopColour);
@@ -74,7 +76,6 @@ std::string WriteChartPicture(const PerformanceChart &chart, PictureForm form, c
         SetInk(cr, Hex(0xFFFFFF));
         cairo_paint(cr);
         PaintColumns(cr, chart);
-        PaintGrid(cr);
         PaintLabels(cr, chart);
       },
       path);
