@@ -12,3 +12,4 @@ FormDialog *MakeIncrements(Sender, QWidget *parent);
 FormDialog *MakeExportDxf(Sender, QWidget *parent);
 FormDialog *MakeSaveResults(Sender, QWidget *parent);
 FormDialog *MakeGridControl(Sender, QWidget *parent);
+FormDialog *MakePropellants(Sender, QWidget *parent);

@@ -67,6 +67,7 @@ QtScreen::QtScreen(QApplication &app) : App(app) {
   const QScreen &screen = *QGuiApplication::primaryScreen();
   PixelWidth = static_cast<int>(screen.size().width());
   SystemIsDark = QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
+  ByHand = true;
   (*this)[Ctl::frmMain].Visible = (*this)[Ctl::frmSplash].Visible = false;
   Colours = &LightTheme();
   ApplyTheme(App, *Colours);
@@ -211,6 +212,7 @@ void QtScreen::RunModal(Form form) {
     case Form::SaveResults: return MakeSaveResults(send, parent);
     case Form::ExportDxf: return MakeExportDxf(send, parent);
     case Form::FindTool: return MakeFindTool(send, parent);
+    case Form::Propellants: return MakePropellants(send, parent);
     }
     return MakeAbout(send, parent);
   }());

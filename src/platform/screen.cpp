@@ -13,6 +13,7 @@ Ctl WindowOf(Form form) {
   case Form::SaveResults: return Ctl::Save_Results_Form;
   case Form::ExportDxf: return Ctl::Export_DXF;
   case Form::FindTool: return Ctl::Find_Tool;
+  case Form::Propellants: return Ctl::Propellants_Form;
   }
   return Ctl::Count;
 }

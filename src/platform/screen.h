@@ -3,6 +3,7 @@
 #include "platform/controls.h"
 #include "platform/draw_surface.h"
 #include "platform/event.h"
+#include "platform/plot.h"
 
 #include <array>
 #include <cstdint>
@@ -51,7 +52,8 @@ enum class Form : std::uint8_t {
   Increments,
   ExportDxf,
   SaveResults,
-  FindTool
+  FindTool,
+  Propellants
 };
 Ctl WindowOf(Form); // the control that stands for the form itself
 enum class FileUse : std::uint8_t { Open, SaveAs };
@@ -64,12 +66,15 @@ public:
   std::array<Control, CtlCount> Show;
   DrawSurface Panel;
   Chart MyChart1, MyChart2, MyLiveChart;
+  Plot My_Chart3;
+  TextTable Compare; // of Compare_Table
   int PixelWidth = 1440;     // of the whole screen
   WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
   Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up
                              // and resets it
   bool CursorAtEnd = false;  // of the text in Focus, none of it selected; reset with it
   bool SystemIsDark = false; // the user's desktop has a dark theme; set before start-up
+  bool ByHand = false;       // a person aims the pointer: points snap until he says otherwise
   std::function<void(const Event &)> OnEvent; // set once by start-up; modal loops feed it again
   std::function<bool(int key, int shift)>
       TakesKey; // set by start-up: DrawPanel takes this key before a menu's entry does

@@ -76,7 +76,8 @@ void NoteMouse(Workbench &bench, const Event &event) {
     if (panel && r.Held && r.Held->Button == MiddleButton) { // the drawing goes along with the pointer
       r.PannedX += event.X - r.Held->X;
       r.PannedY += event.Y - r.Held->Y;
-    } else if (panel || event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2) {
+    } else if (panel || event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2 ||
+               event.Target == Ctl::My_Chart3) {
       if (!r.Held) r.Moved = event;
     }
     return;

@@ -25,10 +25,10 @@ constexpr PlaceField PlaceFields[] = {
     {"SideWidth", &WindowPlace::SideWidth}, {"ChartHeight", &WindowPlace::ChartHeight}};
 
 void HideWindows(Screen &out) {
-  for (const Ctl c :
-       {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout, Ctl::SimMsg,
-        Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form, Ctl::Grid_Control,
-        Ctl::Increments_2d, Ctl::Save_Results_Form, Ctl::Export_DXF, Ctl::Find_Tool, Ctl::Help_Window})
+  for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
+                      Ctl::SimMsg, Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form,
+                      Ctl::Grid_Control, Ctl::Increments_2d, Ctl::Save_Results_Form, Ctl::Export_DXF,
+                      Ctl::Find_Tool, Ctl::Help_Window, Ctl::Pressure_Results, Ctl::Propellants_Form})
     out[c].Visible = false;
 }
 
@@ -61,7 +61,8 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   ClaimWorkFiles(bench.Claim, bench.Folders.AppDir);
   RecoverDesign(bench, notices);
   bench.Chart2Hidden = bench.Out.PixelWidth < 1024;
-  bench.Draft.Track.AutoPoint = GetSetting(bench.Settings, "Settings", "AutoPoint") == "1";
+  bench.Draft.Track.AutoPoint =
+      GetSetting(bench.Settings, "Settings", "AutoPoint", bench.Out.ByHand ? "1" : "0") == "1";
   bench.Draft.KeepWork = [&bench] { KeepWorkFile(bench); };
   bench.Draft.MarkFaults = [&bench] { DrawFaults(bench); };
   LeaveCommand(bench.Draft);
