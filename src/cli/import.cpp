@@ -27,7 +27,7 @@ std::string BadArgument(const ImportArguments &a) {
   if (a.HasDiameter && !above(a.Diameter)) return "--grain-diameter: expected millimetres above 0";
   if (a.HasLength && !notBelow(a.Length)) return "--length: expected millimetres, 0 or more";
   if (a.HasThroat && !notBelow(a.Throat)) return "--throat: expected millimetres, 0 or more";
-  if (!above(a.Tolerance)) return "--tolerance: expected millimetres above 0";
+  if (a.HasTolerance && !above(a.Tolerance)) return "--tolerance: expected millimetres above 0";
   if (!notBelow(a.Join)) return "--join: expected millimetres, 0 or more";
   return {};
 }
@@ -59,8 +59,11 @@ void AddImport(CLI::App &app, ImportArguments &a) {
   command->add_option("--ends", a.Ends, "burning ends")->check(CLI::IsMember({"none", "A", "B", "AB"}));
   command->add_option("--units", a.Units,
                       "unit of the drawing: mm, cm, m, in, ft, ... (else $INSUNITS, else mm)");
-  command->add_option("--tolerance", a.Tolerance,
-                      "of the tangent arcs that stand for ellipses and splines, mm (0.001)");
+  command
+      ->add_option("--tolerance", a.Tolerance,
+                   "of the tangent arcs that stand for ellipses and splines, mm (else 0.001, or 0.01 where "
+                   "that fits in no design)")
+      ->each(given(a.HasTolerance));
   command->add_option("--join", a.Join, "ends nearer than this are joined, mm (0.01)");
   command->add_flag("--center", a.Centre, "move the middle of the drawing to the grain's centre");
 }

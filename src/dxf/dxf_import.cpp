@@ -14,6 +14,7 @@
 namespace {
 constexpr double FarthestPlace = 1e6; // mm, as for the lengths of the document
 constexpr std::size_t TableRows = 301;
+constexpr double FineTolerance = 0.001, WideTolerance = 0.01; // mm
 
 struct Frame {
   double Left = std::numeric_limits<double>::infinity(), Right = -Left, Bottom = Left, Top = -Left;
@@ -106,7 +107,7 @@ struct Import {
   DxfImportReport Report;
   Design Made;
   bool Own = false; // every row lies on the layer of this program
-  double Unit = 1;
+  double Unit = 1, Tolerance = FineTolerance;
 
   void Say(std::string words, bool asks) {
     Report.Words.push_back(std::move(words));
@@ -146,7 +147,7 @@ void TellLeftOut(Import &in) {
             " drawn as " +
             Count(static_cast<std::size_t>(in.Shapes.ApproximationRows), "line or arc",
                   "tangent arcs and lines") +
-            ", within " + Mm(in.Wish.Tolerance) + ".",
+            ", within " + Mm(in.Tolerance) + ".",
         false);
   if (in.Shapes.Skipped.empty()) return;
   std::string list;
@@ -234,10 +235,15 @@ void Join(Import &in) {
 std::string ImportDxf(std::string_view bytes, const std::string &name, const DxfImportOptions &wish,
                       Design &design, DxfImportReport &report, bool &tooMany) {
   tooMany = false;
-  Import in{wish, {}, {}, {}, design, false, 1};
+  Import in{wish, {}, {}, {}, design, false, 1, FineTolerance};
   if (std::string trouble = ReadDxf(bytes, name, in.File); !trouble.empty()) return trouble;
   if (std::string trouble = Units(in); !trouble.empty()) return trouble;
-  in.Shapes = ShapesOf(in.File, ScaleMap(in.Unit, in.Unit), wish.Tolerance);
+  if (wish.Tolerance > 0) in.Tolerance = wish.Tolerance;
+  in.Shapes = ShapesOf(in.File, ScaleMap(in.Unit, in.Unit), in.Tolerance);
+  if (in.Shapes.Count > TableRows + 1 && in.Shapes.Approximated > 0 && wish.Tolerance == 0) {
+    in.Tolerance = WideTolerance;
+    in.Shapes = ShapesOf(in.File, ScaleMap(in.Unit, in.Unit), in.Tolerance);
+  }
   if (!in.Shapes.Trouble.empty()) return in.Shapes.Trouble;
   in.Own = OnOwnLayer(in.File);
   TellLeftOut(in);

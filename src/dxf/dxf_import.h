@@ -10,8 +10,9 @@
 struct DxfImportOptions {
   double GrainDiameter = 0;      // mm; 0: as the drawing tells it
   double MillimetresPerUnit = 0; // 0: by the file's $INSUNITS, without which it is in mm
-  double Tolerance = 0.001;      // mm, of the arcs that stand for ellipses and splines
-  bool Centre = false;           // the middle of the drawing goes to the grain's centre
+  double Tolerance = 0; // mm, of the arcs that stand for ellipses and splines; 0: 0.001, and 0.01 where that
+  // comes to more rows than a design holds
+  bool Centre = false; // the middle of the drawing goes to the grain's centre
 };
 
 // What a user wants to hear of an import.

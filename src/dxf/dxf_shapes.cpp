@@ -6,7 +6,7 @@
 #include <cmath>
 
 namespace {
-constexpr int MostVisits = 1000000, MostDepth = 100;
+constexpr int MostVisits = 200000, MostDepth = 100;
 
 struct Walker {
   const DxfFile &File;
@@ -190,7 +190,7 @@ void Unfold(Walker &w, const std::vector<DxfEntity> &list, const PlaneMap &map) 
     const DxfFields f{w.File, entity, sink.Out.Trouble};
     const auto is = [&](const char *name) { return SameName(entity.Type, name); };
     if (IsSilent(entity)) continue;
-    if (++w.Visits > MostVisits && !w.Inside.empty()) {
+    if (!w.Inside.empty() && ++w.Visits > MostVisits) {
       f.Trouble = PlaceOf(w.File, entity.Line) + "the inserted blocks unfold to more than " +
                   std::to_string(MostVisits) + " entities";
       return;

@@ -149,10 +149,10 @@ TEST(DxfImport, WhatAUserMeets) {
   const std::string tube = "0 CIRCLE 10 0 20 0 40 5", rim = " 0 CIRCLE 10 0 20 0 40 20";
   EXPECT_EQ(ImportText(Drawing(tube + rim)).Made.Doc.GrainDiam, 40); // the grain's edge
   EXPECT_EQ(ImportText(Drawing(tube + rim)).Made.Table.EntCount, 0);
-  EXPECT_EQ(ImportText(Drawing(tube + rim), {50, 0, 0.001, false}).Made.Table.EntCount, 1);
+  EXPECT_EQ(ImportText(Drawing(tube + rim), {50, 0, 0, false}).Made.Table.EntCount, 1);
   const std::string off = "0 CIRCLE 10 100 20 50 40 5 0 CIRCLE 10 100 20 50 40 20";
   EXPECT_EQ(ImportText(Drawing(off)).Made.Table.EntCount, 1); // stays where it is
-  const Imported centred = ImportText(Drawing(off), {0, 0, 0.001, true});
+  const Imported centred = ImportText(Drawing(off), {0, 0, 0, true});
   EXPECT_EQ(centred.Made.Table.EntCount, 0);
   EXPECT_EQ(centred.Row(0).CenterX, 0);
   EXPECT_EQ(centred.Made.Doc.GrainDiam, 40);
@@ -169,6 +169,14 @@ TEST(DxfImport, WhatAUserMeets) {
   EXPECT_NE(open.Words().find("Left out: 1 LINE (without length), 2 TEXT."), std::string::npos)
       << open.Words();
   EXPECT_NE(open.Report.Problem.find("gap"), std::string::npos) << open.Report.Problem;
+
+  std::string spirals; // too many rows at the fine tolerance
+  for (int i = 0; i < 5; ++i)
+    spirals += (i ? " 0 ELLIPSE 10 " : "0 ELLIPSE 10 ") + std::to_string(200 * i) + " 20 0 11 90 21 0 40 0.3";
+  const Imported wide = ImportText(Drawing(spirals));
+  EXPECT_EQ(wide.Trouble, "");
+  EXPECT_NE(wide.Words().find("within 0.01 mm"), std::string::npos) << wide.Words();
+  EXPECT_TRUE(ImportText(Drawing(spirals), {0, 0, 0.001, false}).TooMany);
 
   for (const char *end :
        {"\n", "\r\n", "\r", "\r\r\n"}) { // line ends, padding, comments, no EOF, doubled points
@@ -221,7 +229,7 @@ TEST(DxfImport, BadFilesAreNamedByLineAndChangeNothing) {
       {Pairs("0 SECTION 2 ENTITIES 0 LINE x 5 0 ENDSEC 0 EOF"), "x.dxf: line 7: expected a group code"},
       {Drawing("0 TEXT 1 a"), "there is nothing in it that can be drawn. Left out: 1 TEXT."},
       {Drawing("0 INSERT 2 A 10 0 20 0", blocks), "block a is inserted into a block that it holds"},
-      {Drawing("0 INSERT 2 K0 10 0 20 0", bombs), "the inserted blocks unfold to more than 1000000 entities"},
+      {Drawing("0 INSERT 2 K0 10 0 20 0", bombs), "the inserted blocks unfold to more than 200000 entities"},
       {Drawing("0 LINE 10 0 20 0 11 1e9 21 0"), "a design 1000000 mm at most"},
       {Drawing(line, "0 SECTION 2 HEADER 9 $INSUNITS 70 99 0 ENDSEC"),
        "$INSUNITS 99 names no unit of length"},
