@@ -114,8 +114,7 @@ TEST_F(Motor, ASweepsRowsAreThoseOfSingleMotors) {
 
 TEST_F(Motor, AnInterruptedSweepLeavesTheRowsDone) {
   const std::string command = "cd '" + Folder.string() +
-                              "' && timeout --preserve-status -s INT 1 '" TEST_BIN
-                              "/morvandel-cli' sweep '" +
+                              "' && timeout --preserve-status -s INT 1 '" TEST_BIN "/morvandel-cli' sweep '" +
                               Tube + "' --length 60:160:0.01 --throat 8,9,10 --table s.csv 2>err.txt";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 130);
   const std::string text = Read("s.csv");
