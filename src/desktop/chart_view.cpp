@@ -78,7 +78,7 @@ void ChartView::Plot() {
     below = area;
     curves.push_back(y);
     Names += QString("<span style='color:%1'>\u25a0</span>&nbsp;%2&nbsp;&nbsp; ")
-                 .arg(ChartFill(*Colours, series.Fill).name(),
+                 .arg(ChartLine(*Colours, series.Fill).name(),
                       QString::fromStdString(series.Name).toHtmlEscaped());
   }
   // Lines over all areas, or the next area would cover half of each.
@@ -93,7 +93,7 @@ void ChartView::Plot() {
   xAxis->setLabel(QString::fromStdString(Shown.XTitle));
   yAxis->setLabel(QString::fromStdString(Shown.YTitle));
   xAxis->setRange(0, count ? std::max(1e-9, x.last()) : 1);
-  yAxis->setRange(0, top > 0 ? top * 1.12 : 1);
+  yAxis->setRange(0, top > 0 ? top * 1.2 : 1);
   replot(rpQueuedReplot);
 }
 

@@ -22,7 +22,7 @@ QWidget *BuildPropertyPane(Bindings &bindings) {
   auto *pane = Bind(bindings, Ctl::Property_Frame, new QWidget);
   auto *column = new QVBoxLayout(pane);
   column->setContentsMargins(4, 0, 4, 0);
-  column->setSpacing(8);
+  column->setSpacing(6);
   auto *head = Head({});
   bindings.List.push_back({Ctl::Property_Frame, head, {}, true});
   column->addWidget(head);
@@ -31,7 +31,7 @@ QWidget *BuildPropertyPane(Bindings &bindings) {
   column->addWidget(text);
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(4);
+  grid->setVerticalSpacing(2);
   grid->setColumnStretch(0, 1);
   const int wide = QFontMetrics(TypeFont(Type::Base)).horizontalAdvance("-00000.000000") + 20;
   int row = 0;

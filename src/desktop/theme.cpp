@@ -111,7 +111,7 @@ QRadioButton { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; bo
 QRadioButton:focus { border-color: @Accent; }
 QRadioButton::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 9px; background: @Field; }
 QRadioButton::indicator:checked { width: 8px; height: 8px; border: 5px solid @Accent; background: @Field; }
-QSlider:horizontal { min-height: 26px; border: 1px solid transparent; border-radius: 4px; }
+QSlider:horizontal { min-height: 26px; padding: 0 6px; border: 1px solid transparent; border-radius: 4px; }
 QSlider:focus { border-color: @Accent; }
 QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: @Hover; }
 QSlider::sub-page:horizontal { border-radius: 2px; background: @Accent; }

@@ -12,6 +12,8 @@
 #include "geometry/verify.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 constexpr int AnyType = 7, PerimeterCommand = 94;
@@ -141,7 +143,9 @@ void VerifySelected(Drafting &d, int kind) {
   else if (!ShowArea(d))
     return;
   LogAccept(d, kind);
+  std::vector<DrawItem> measured = std::move(d.Out.Panel.Overlay); // stays in view until the pointer moves on
   SelectAgain(d);
+  d.Out.Panel.Overlay = std::move(measured);
 }
 
 const char *StemVerifyAngle(const Drafting &d) {
