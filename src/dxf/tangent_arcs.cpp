@@ -92,7 +92,7 @@ void Append(std::vector<Entity> &rows, const ArcPair &pair) {
 } // namespace
 
 Entity ArcAlong(Point from, Point direction, Point to) {
-  constexpr double straight = 1e-7; // sine of the angle between direction and chord
+  constexpr double straight = 1e-6; // sine of the angle between direction and chord
   const Point chord = Less(to, from);
   const double cross = Cross(direction, chord), length = std::hypot(chord.X, chord.Y);
   if (!(std::abs(cross) > straight * length)) return MakeLine(from.X, from.Y, to.X, to.Y);

@@ -50,7 +50,7 @@ TEST(DxfFuzz, AnyBytesGiveADesignOrOneMessage) {
       ASSERT_TRUE(row.EntType == LineType || row.EntType == CircleType || row.EntType == ArcType);
       for (const double v : {row.X1, row.Y1, row.X2, row.Y2, row.CenterX, row.CenterY, row.Radius,
                              row.StartAngle, row.EndAngle})
-        ASSERT_LT(std::abs(v), 1e7);
+        ASSERT_TRUE(std::isfinite(v));
     }
     EXPECT_NE(DxfText(in.Made, {}), "");
   }
