@@ -73,7 +73,6 @@ QWidget *PointStrip::BuildModes(Bindings &bindings) {
 void PointStrip::AddField(Bindings &bindings, QBoxLayout &row, Ctl label, Ctl field) {
   auto *words = Bind(bindings, label, new QLabel);
   if (label == Ctl::Y_Label) words->setContentsMargins(8, 0, 0, 0);
-  words->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   row.addWidget(words);
   auto *input = BindField(bindings, field, new QLineEdit);
   input->setAlignment(Qt::AlignRight);
