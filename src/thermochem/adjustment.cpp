@@ -9,22 +9,9 @@
 namespace {
 
 constexpr double Settled = 8e-5, Smallest = 1e-30;
+constexpr double LeastPivot = 0.005; // a smaller coefficient is rounding, no part in the reaction
 
-double MolesInBasis(const Solver &s, int e) { return std::max<double>(s.Moles[s.BasisList[e]], Smallest); }
-
-// The heat drawn by a reaction at held entropy turns its own balance: the stiffness this adds, with the
-// damping that keeps strongly coupled reactions from swinging.
-double EntropyTerm(const Solver &s, int i, double stiffness) {
-  double change = s.STerm[i];
-  for (int e = 1; e <= s.ElementCount; ++e)
-    if (s.ReactionMatrix[i][e] != 0) change -= s.ReactionMatrix[i][e] * s.STerm[s.BasisList[e]];
-  const double term = change * change / (GasCalories * s.Cp);
-  double damping = 1;
-  if (term > 0.5 * stiffness) damping = 1.5;
-  if (term > stiffness) damping = 3;
-  if (term > 1.5 * stiffness) damping = 5;
-  return term * damping;
-}
+double MolesInBasis(const Solver &s, int e) { return std::max(s.Moles[s.BasisList[e]], Smallest); }
 
 // Takes the step: the basis gives up its part, and the smallest basis species now below the new one leaves.
 void MoveBasis(Solver &s, double temperature, int i, double delta) {
@@ -34,15 +21,15 @@ void MoveBasis(Solver &s, double temperature, int i, double delta) {
   for (int e = 1; e <= s.ElementCount; ++e) {
     const double c = s.ReactionMatrix[i][e];
     if (c == 0) continue;
-    float &moles = s.Moles[s.BasisList[e]];
-    moles = static_cast<float>(moles - c * delta);
+    double &moles = s.Moles[s.BasisList[e]];
+    moles = moles - c * delta;
     if (s.BasisList[e] <= s.GasCount) gas -= c * delta;
-    if (moles < threshold && (leaving == 0 || moles <= least)) {
+    if (moles < threshold && std::abs(c) > LeastPivot && (leaving == 0 || moles <= least)) {
       least = moles;
       leaving = e;
     }
   }
-  if (!s.HoldGasTotal && gas != 0) {
+  if (gas != 0) {
     const double part = gas / s.PassGas;
     s.PassGas = std::max(s.PassGas + gas, Smallest);
     if (std::abs(part) < 1e-5)
@@ -78,8 +65,8 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
   const auto bounded = [&] {
     delta = std::min(std::max(delta, limits.Lower * relaxation), limits.Upper * relaxation);
     if (std::abs(delta) >= 0.0001 * moles && moles + delta > s.MinMoles) s.Moved = true;
-    s.Moles[i] = static_cast<float>(moles + delta);
-    if (std::abs(s.Moles[i]) < Smallest) s.Moles[i] = static_cast<float>(Smallest); // no denormal numbers
+    s.Moles[i] = moles + delta;
+    if (std::abs(s.Moles[i]) < Smallest) s.Moles[i] = Smallest; // no denormal numbers
     MoveBasis(s, temperature, i, delta);
   };
   if (moles < 0) {
@@ -91,8 +78,9 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
   s.SpeciesStatus[i] = UnderAdjustment;
   if (i > s.GasCount) {
     if (std::abs(affinity) < Settled) return;
-    const float floor = static_cast<float>(s.MinMoles);
-    if (affinity >= 0 && (moles <= 1e-7 * s.TotalWeight || s.Moles[i] == floor)) {
+    const double floor = s.MinMoles;
+    if (affinity >= 0 &&
+        (moles <= std::min(1e-7 * s.TotalWeight, 0.01 * limits.Upper) || s.Moles[i] == floor)) {
       if (s.Moles[i] == floor) return;
       delta = s.MinMoles - moles;
       return bounded();
@@ -112,7 +100,7 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
       target = std::max(target, floor);
       if (std::abs(1 - moles / target) < 0.0008) return;
       s.SpeciesStatus[i] = SetDirectly;
-      s.Moles[i] = static_cast<float>(target);
+      s.Moles[i] = target;
       return MoveBasis(s, temperature, i, target - moles);
     }
     affinity += std::log(moles) + s.LogScale;
@@ -125,13 +113,12 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
   }
   // The gas total moves with the step too; what is left is never below zero but for rounding.
   const double grown = (i <= s.GasCount ? 1 : 0) - activity.Gas;
-  if (!s.HoldGasTotal) stiffness = std::max(stiffness - grown * grown / s.PassGas, 1e-3 * stiffness);
-  const double entropy = s.TrackEntropy ? EntropyTerm(s, i, stiffness) : 0;
+  stiffness = std::max(stiffness - grown * grown / s.PassGas, 1e-3 * stiffness);
   if (stiffness == 0) {
     stiffness = 1e-7;
     keep = 0.999999;
   }
-  delta = std::max(-affinity / (stiffness + entropy), -keep * moles);
+  delta = std::max(-affinity / stiffness, -keep * moles);
   s.SpeciesStatus[i] = OutOfBasis;
   bounded();
 }
@@ -160,7 +147,7 @@ void AdjustmentPass(Solver &s, double temperature, double pressure) {
   s.PassGas = 0;
   for (int i = 1; i <= s.GasCount; ++i) s.PassGas += s.Moles[i];
   s.PassGas = std::max(s.PassGas, Smallest);
-  if (!s.HoldGasTotal) s.LogScale = std::log(pressure / s.PassGas);
+  s.LogScale = std::log(pressure / s.PassGas);
   s.Moved = false;
   for (int k = 1; k <= s.SpeciesCount; ++k) {
     const int i = s.Order[k];
@@ -184,10 +171,10 @@ bool FirstGuess(Solver &s, double temperature) {
     const int i = s.Order[k];
     if (s.SpeciesStatus[i] == InBasis || Excluded(s, i)) continue;
     const double half = ReactionLimits(s, i).Upper / 2;
-    s.Moles[i] = static_cast<float>(s.Moles[i] + half);
+    s.Moles[i] = s.Moles[i] + half;
     for (int e = 1; e <= s.ElementCount; ++e) {
-      float &moles = s.Moles[s.BasisList[e]];
-      moles = static_cast<float>(moles - s.ReactionMatrix[i][e] * half);
+      double &moles = s.Moles[s.BasisList[e]];
+      moles = moles - s.ReactionMatrix[i][e] * half;
     }
   }
   s.BasisStale = true;

@@ -15,7 +15,7 @@ enum class Of { Enthalpy, Entropy };
 struct Bracket {
   double Temperature = 0, Value = 0;
   bool Known = false, Settled = false;
-  std::array<float, MaxSpecies + 2> Moles;
+  std::array<double, MaxSpecies + 1> Moles;
 };
 
 struct Search {
@@ -56,8 +56,7 @@ double Mixed(Solver &s, const Search &search, double wh, double &temperature) {
   const Bracket &low = search.Low, &high = search.High;
   const double wl = 1 - wh;
   if (search.Mode == Composition::Equilibrium)
-    for (int i = 1; i <= s.SpeciesCount; ++i)
-      s.Moles[i] = static_cast<float>(wl * low.Moles[i] + wh * high.Moles[i]);
+    for (int i = 1; i <= s.SpeciesCount; ++i) s.Moles[i] = wl * low.Moles[i] + wh * high.Moles[i];
   temperature = wl * low.Temperature + wh * high.Temperature;
   EquilibriumAtTP(s, temperature, search.Pressure, Composition::Frozen);
   return search.What == Of::Enthalpy ? s.Enthalpy : s.Entropy;
@@ -132,19 +131,4 @@ Balance EnthalpyBalance(Solver &s, double temperature, double pressure, double t
 Balance EntropyBalance(Solver &s, double temperature, double pressure, double target, Composition mode) {
   Search search{Of::Entropy, pressure, target, mode, {}, {}};
   return Seek(s, search, temperature);
-}
-
-Balance TsBalance(Solver &s, double low, double high, double pressure, double target) {
-  constexpr int Halvings = 20;
-  for (int k = 1; k <= Halvings; ++k) {
-    const double t = (low + high) / 2;
-    EquilibriumAtTP(s, t, pressure, Composition::Equilibrium);
-    if ((high - low) / (high + low) < 8e-5) {
-      s.Enthalpy += (target - s.Entropy) * t;
-      s.Entropy = target;
-      return {t, !s.BasisStale};
-    }
-    (s.Entropy < target ? low : high) = t;
-  }
-  return {(low + high) / 2, false};
 }

@@ -15,6 +15,3 @@ Balance EnthalpyBalance(Solver &, double temperature, double pressure, double ta
 
 // The same for an entropy in cal/K, at equilibrium or with the composition held.
 Balance EntropyBalance(Solver &, double temperature, double pressure, double target, Composition);
-
-// The same by bisection between two temperatures that lie around the target.
-Balance TsBalance(Solver &, double low, double high, double pressure, double target);

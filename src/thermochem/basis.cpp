@@ -98,8 +98,8 @@ void BasisMoles(Solver &s) {
   for (int e = 1; e <= s.ElementCount; ++e) {
     double y = 0;
     for (int k = 1; k <= s.ElementCount; ++k) y += lack[k] * s.BasisMatrix[k][e];
-    float &moles = s.Moles[s.BasisList[e]];
-    moles = static_cast<float>(moles + y);
+    double &moles = s.Moles[s.BasisList[e]];
+    moles = moles + y;
   }
 }
 
@@ -176,8 +176,9 @@ bool CloseElements(Solver &s) {
     }
   }
   for (int e = 1; e <= n; ++e) {
-    float &moles = s.Moles[s.BasisList[e]];
-    moles = static_cast<float>(moles + lack[e] / a[e][e]);
+    double &moles = s.Moles[s.BasisList[e]];
+    // The rounding of a large mole number must not wipe out a trace.
+    moles = std::max(moles + lack[e] / a[e][e], moles / 2);
   }
   return true;
 }
@@ -192,7 +193,7 @@ double ElementFault(const Solver &s) {
       largest = std::max(largest, term);
     }
     const double fault = std::abs(sum - s.ElementTotal[e]) / std::max(largest, 1e-30);
-    worst = std::max(worst, fault);
+    if (!(fault <= worst)) worst = fault; // keeps what is no number
   }
   return worst;
 }

@@ -11,8 +11,9 @@
 namespace {
 
 constexpr int Passes = 20, InnerPasses = 1200, InnerRound = 60; // fewer than 100 in all are usual
+constexpr double Lost = 1e-3;                                   // of the element balance: begin anew
 constexpr int JointFrom = 8, JointEvery = 4;
-constexpr double ElementLimit = 1e-5, PotentialLimit = 7e-4; // of RT
+constexpr double ElementLimit = 1e-5, PotentialLimit = 9e-4; // of RT
 constexpr double Trace = 1e-9;                 // mol per gram of the mix: below it a species may be absent
 constexpr double NoGas = 1e-7, GasSeed = 1e-6; // mol per gram of the mix
 
@@ -38,10 +39,10 @@ bool RunPasses(Solver &s, double temperature, double pressure) {
 }
 
 // Whether gas would form where there is none: its partial pressures over condensed species alone add up to
-// more than the pressure. True too where a gas is in the basis.
+// more than the pressure. With a gas in the basis the reactions of the condensed species find that out.
 bool GasForms(const Solver &s, double pressure) {
   for (int e = 1; e <= s.ElementCount; ++e)
-    if (s.BasisList[e] <= s.GasCount) return true;
+    if (s.BasisList[e] <= s.GasCount) return false;
   double sum = 0;
   for (int i = 1; i <= s.GasCount; ++i) sum += std::exp(std::min(-s.LogK[i], 50.0)) / pressure;
   return sum > 1;
@@ -52,10 +53,31 @@ bool GasForms(const Solver &s, double pressure) {
 bool SeedGas(Solver &s, double temperature, double pressure) {
   const double gas = GasTotal(s);
   if (s.GasCount == 0 || gas > NoGas * s.TotalWeight || !GasForms(s, pressure)) return true;
+  const auto before = s.Moles;
   const double factor = GasSeed * s.TotalWeight / gas;
-  for (int i = 1; i <= s.GasCount; ++i) s.Moles[i] = static_cast<float>(s.Moles[i] * factor);
+  for (int i = 1; i <= s.GasCount; ++i) s.Moles[i] *= factor;
   CloseElements(s);
-  return RunPasses(s, temperature, pressure);
+  const bool still = RunPasses(s, temperature, pressure);
+  if (GasTotal(s) > NoGas * s.TotalWeight) return still;
+  s.Moles = before;
+  FormReactions(s, temperature, false);
+  return true;
+}
+
+void Settle(Solver &s, double temperature, double pressure) {
+  PurgeBasis(s);
+  if (!(ElementFault(s) < ElementLimit)) s.BasisStale = true;
+  const bool fresh = s.BasisStale;
+  if (fresh)
+    for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = s.Moles[i];
+  PickBasis(s);
+  FormReactions(s, temperature, fresh);
+  for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = 50 - s.LogK[i];
+  SortByKey(s);
+  const bool still = RunPasses(s, temperature, pressure) && SeedGas(s, temperature, pressure);
+  CloseElements(s);
+  // In a flat valley the moles still creep where the potentials have long been balanced.
+  s.BasisStale = !still && PotentialFault(s) > PotentialLimit;
 }
 
 } // namespace
@@ -80,20 +102,11 @@ void PropertySums(Solver &s) {
 double EquilibriumAtTP(Solver &s, double temperature, double pressure, Composition mode) {
   SpeciesThermo(s, temperature);
   if (mode == Composition::Equilibrium) {
-    PurgeBasis(s);
-    if (ElementFault(s) >= ElementLimit) s.BasisStale = true;
-    const bool fresh = s.BasisStale;
-    if (fresh)
-      for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = s.Moles[i];
-    PickBasis(s);
-    FormReactions(s, temperature, fresh);
-    s.BasisStale = false;
-    for (int i = 1; i <= s.SpeciesCount; ++i) s.Key[i] = 50 - s.LogK[i];
-    SortByKey(s);
-    const bool still = RunPasses(s, temperature, pressure) && SeedGas(s, temperature, pressure);
-    CloseElements(s);
-    // In a flat valley the moles still creep where the potentials have long been balanced.
-    s.BasisStale = !still && PotentialFault(s) > PotentialLimit;
+    Settle(s, temperature, pressure);
+    if (!(ElementFault(s) < Lost)) { // also where a number is none
+      FirstGuess(s, temperature);
+      Settle(s, temperature, pressure);
+    }
   }
   s.LogScale = std::log(pressure / GasTotal(s));
   PropertySums(s);
@@ -104,7 +117,7 @@ double EquilibriumAtTP(Solver &s, double temperature, double pressure, Compositi
 double PotentialFault(const Solver &s) {
   const double trace = Trace * s.TotalWeight;
   double worst = 0;
-  const auto activity = [&](int i) { return std::log(std::max<double>(s.Moles[i], 1e-30)) + s.LogScale; };
+  const auto activity = [&](int i) { return std::log(std::max(s.Moles[i], 1e-30)) + s.LogScale; };
   for (int i = 1; i <= s.SpeciesCount; ++i) {
     if (s.SpeciesStatus[i] == InBasis || Excluded(s, i)) continue;
     double fault = s.LogK[i];

@@ -20,7 +20,7 @@ struct Reactions {
   std::array<std::array<double, MostReactions>, MostReactions> Matrix;
 };
 
-double BasisMole(const Solver &s, int e) { return std::max<double>(s.Moles[s.BasisList[e]], 1e-30); }
+double BasisMole(const Solver &s, int e) { return std::max(s.Moles[s.BasisList[e]], 1e-30); }
 
 void Collect(const Solver &s, Reactions &r) {
   for (int i = 1; i <= s.GasCount; ++i) r.GasTotal += s.Moles[i];
@@ -30,7 +30,7 @@ void Collect(const Solver &s, Reactions &r) {
     r.Held[k] = ReactionLimits(s, i);
     r.Affinity[k] = s.LogK[i];
     r.Gas[k] = i <= s.GasCount ? 1 : 0;
-    double stiffness = i <= s.GasCount ? 1 / double{s.Moles[i]} : 0;
+    double stiffness = i <= s.GasCount ? 1 / s.Moles[i] : 0;
     for (int e = 1; e <= s.ElementCount; ++e) {
       const double v = r.Held[k].Coefficient[e];
       if (v == 0) continue;
@@ -71,7 +71,7 @@ bool SolveSteps(const Solver &s, Reactions &r) {
       }
       if (a == b) {
         const int i = r.Species[a];
-        if (i <= s.GasCount) h += 1 / double{s.Moles[i]};
+        if (i <= s.GasCount) h += 1 / s.Moles[i];
         h *= 1 + 1e-9;
       }
       r.Matrix[a][b] = h;
@@ -110,11 +110,10 @@ bool JointStep(Solver &s) {
   }
   for (int e = 1; e <= s.ElementCount; ++e) shorten(BasisMole(s, e), basis[e]);
   if (!(part > 1e-4)) return false;
-  for (int k = 0; k < r.Count; ++k)
-    s.Moles[r.Species[k]] = static_cast<float>(s.Moles[r.Species[k]] + part * r.Step[k]);
+  for (int k = 0; k < r.Count; ++k) s.Moles[r.Species[k]] = s.Moles[r.Species[k]] + part * r.Step[k];
   for (int e = 1; e <= s.ElementCount; ++e) {
-    float &moles = s.Moles[s.BasisList[e]];
-    moles = static_cast<float>(moles + part * basis[e]);
+    double &moles = s.Moles[s.BasisList[e]];
+    moles = moles + part * basis[e];
   }
   return true;
 }

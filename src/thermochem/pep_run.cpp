@@ -23,7 +23,7 @@ const char *const NoExitConvergence = "*****No Temperature Convergence-Dont Trus
 
 struct Run {
   Solver S;
-  std::array<float, MaxSpecies + 2> ChamberMoles{};
+  std::array<double, MaxSpecies + 1> ChamberMoles{};
   double Floor = 0, ExitFloor = 0; // MinMoles of the chamber and of the leg behind the first exit
 };
 

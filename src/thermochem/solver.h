@@ -4,22 +4,20 @@
 // The working tables of a run, sized once: nothing below allocates. Slot 0 is not used.
 struct Solver {
   int ElementCount = 0, SpeciesCount = 0, GasCount = 0;
-  double TotalWeight = 0;    // g
-  double MinMoles = 0;       // floor of a mole number
-  int Pass = 1;              // 1..20
-  bool BasisStale = true;    // flag 1: the basis has to be chosen again
-  bool Moved = false;        // flag 4: the last pass moved a species by more than the limit
-  bool HoldGasTotal = false; // option 17
-  bool TrackEntropy = false; // option 18
-  double ThermoAt = 0;       // K, of the terms below; 0: none yet
+  double TotalWeight = 0;               // g
+  double MinMoles = 0;                  // floor of a mole number
+  int Pass = 1;                         // 1..20
+  bool BasisStale = true;               // flag 1: the basis has to be chosen again
+  bool Moved = false;                   // flag 4: the last pass moved a species by more than the limit
+  double ThermoAt = 0;                  // K, of the terms below; 0: none yet
   double PassPressure = 0, PassGas = 0; // atm, mol: what LogScale follows within a pass
-  double LogScale = 0;       // ln(P/N) while iterating, the slot behind the species; then P/N
+  double LogScale = 0;                  // ln(P/N) while iterating, the slot behind the species; then P/N
 
   double Cp = 0, GasMoles = 0, Enthalpy = 0, Entropy = 0; // of PropertySums: cal/K, mol, cal, cal/K
 
   std::array<double, MaxElements + 1> ElementTotal{};
   std::array<ElementRow, MaxSpecies + 1> AtomMatrix{};
-  std::array<float, MaxSpecies + 2> Moles{};
+  std::array<double, MaxSpecies + 1> Moles{};
   std::array<float, MaxSpecies + 1> CpTerm{}, HTerm{}, STerm{}, GibbsTerm{};
   std::array<double, MaxSpecies + 1> LogK{}, Key{};
   std::array<std::int16_t, MaxSpecies + 1> SpeciesStatus{};
