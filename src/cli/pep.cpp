@@ -26,9 +26,30 @@ void AppendRows(const PepRequest &request, const PepArguments &a, const SweepSte
       if (const ExpansionRow at = ExpansionAt(run, one, a.Frozen ? Frozen : Shifting, request.Expansion);
           at.Stands)
         row.At = at;
-    const int times = request.Inputs.CaseCount == 1 ? MaxCases : 1;
-    rows.insert(rows.end(), times, row);
+    rows.insert(rows.end(), Repeats(request), row);
   }
+}
+
+void AppendSweepWarnings(const PepRequest &request, const std::vector<PepRow> &rows,
+                         std::vector<std::string> &warnings) {
+  const std::size_t stride = Repeats(request);
+  const auto tell = [&](const char *what, const auto &holds) {
+    double least = 0, most = 0;
+    int found = 0;
+    for (std::size_t i = 0; i < rows.size(); i += stride) {
+      const PepRow &row = rows[i];
+      if (!holds(row.Figures)) continue;
+      least = found ? std::min(least, row.SweepWeight) : row.SweepWeight;
+      most = found ? std::max(most, row.SweepWeight) : row.SweepWeight;
+      ++found;
+    }
+    if (found)
+      warnings.push_back(fmt::format("{} in {} of {} cases, at weights from {:.6g} to {:.6g}", what, found,
+                                     rows.size() / stride, least, most));
+  };
+  tell("More than 30 % of the products are condensed",
+       [](const PepFigures &f) { return f.CondensedPart.value_or(0) > MuchCondensed; });
+  tell("The result did not converge", [](const PepFigures &f) { return !f.Converged; });
 }
 
 } // namespace
@@ -69,9 +90,12 @@ int PepCommand(const PepArguments &a) {
     const std::string at = request.Sweeping ? fmt::format("At {:.6g}: ", step.Weight) : "";
     if (!run.Done) return Fail(Refused, at + run.Trouble);
     AppendRows(request, a, step, run, rows);
-    for (const std::string &warning : PepWarnings(run, files))
+    // Of a sweep, what is told of cases is gathered over its steps below.
+    for (const std::string &warning : request.Sweeping ? MixWarnings(run, files) : PepWarnings(run, files))
       if (std::find(warnings.begin(), warnings.end(), warning) == warnings.end()) warnings.push_back(warning);
   }
+
+  if (request.Sweeping) AppendSweepWarnings(request, rows, warnings);
 
   if (!a.Table.empty()) {
     std::string trouble = FillOutput(outputs, a.Table, [&](const std::string &draft) {

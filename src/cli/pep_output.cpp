@@ -96,20 +96,32 @@ void AppendCells(std::string &text, const Column &column, const PepRow &row, Pep
                  : fmt::format("{:>{}}", "-", column.Width);
 }
 
+double WeightIn(const SweepStep &step, int position) {
+  double weight = 0;
+  for (const PepIngredient &i : step.Inputs.Ingredient)
+    if (i.ListPosition == position) weight += i.Weight;
+  return weight;
+}
+
 std::string MixText(const DataFiles &files, const PepOutcome &run, const PepRequest &request) {
   std::string text;
-  const IngredientTable &table = run.Ingredients;
+  const SweepStep &first = request.Step.front(), &last = request.Step.back();
   std::size_t width = 10;
-  for (int i = 1; i <= table.IngredientCount; ++i) width = std::max(width, table.Row[i].Name.size());
-  for (int i = 1; i <= table.IngredientCount; ++i) {
-    const IngredientRow &row = table.Row[i];
-    const IngredientRecord &record = files.Ingredient.at(row.CodeNumber - FillerRecords - 1);
-    text += fmt::format("  {:<{}} {:>10.4g}  {:>8.1f} cal/g  {:1}  {}\n", row.Name, width, row.Weight,
-                        row.HeatOfFormation, record.Confidence, FormulaText(record));
+  for (const PepIngredient &i : first.Inputs.Ingredient)
+    width = std::max(width, files.Ingredient.at(i.ListPosition - 1).Name.size());
+  for (const PepIngredient &i : first.Inputs.Ingredient) {
+    const IngredientRecord &record = files.Ingredient.at(i.ListPosition - 1);
+    const bool swept = request.Sweeping &&
+                       (i.ListPosition == request.Sweep.Raised || i.ListPosition == request.Sweep.Lowered);
+    text += fmt::format("  {:<{}} {:>10}  {:>8.1f} cal/g  {:1}  {}\n", record.Name, width,
+                        swept ? fmt::format("{:.4g} to {:.4g}", WeightIn(first, i.ListPosition),
+                                            WeightIn(last, i.ListPosition))
+                              : fmt::format("{:.6g}", i.Weight),
+                        record.HeatOfFormation, record.Confidence, FormulaText(record));
   }
-  return text + fmt::format("  {:.6g} in all, {:.3f} g/cc, {:g} degrees Celsius\n",
-                            run.Propellant.TotalWeight, run.Propellant.DensityGcc,
-                            request.Inputs.Temperature);
+  text += fmt::format("  {:.6g} in all, ", run.Propellant.TotalWeight);
+  if (!request.Sweeping) text += fmt::format("{:.3f} g/cc, ", run.Propellant.DensityGcc);
+  return text + fmt::format("{:g} degrees Celsius\n", request.Inputs.Temperature);
 }
 
 std::string FractionsText(const PepOutcome &run, PepMode mode) {
@@ -208,8 +220,7 @@ std::string PepText(const PepRequest &request, const PepArguments &a, const Data
   if (request.Expansion > 0)
     for (const Column &column : ExpansionColumns) text += fmt::format("{:>{}}", column.Title, column.Width);
   text += '\n';
-  const std::size_t stride = request.Inputs.CaseCount == 1 ? MaxCases : 1; // the others tell the same
-  for (std::size_t i = 0; i < rows.size(); i += stride) {
+  for (std::size_t i = 0; i < rows.size(); i += Repeats(request)) {
     const PepRow &row = rows[i];
     if (request.Sweeping) text += fmt::format("{:>8.6g}", row.SweepWeight);
     for (const Column &column : Columns) AppendCells(text, column, row, mode);

@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr double MuchCondensed = 0.3;     // of the mass
 constexpr double Basis = 100;             // g
 constexpr int ReferenceTemperature = 298; // K
 
@@ -71,7 +70,7 @@ PepFigures FiguresOf(const PepOutcome &outcome, const PepCase &one) {
   return figures;
 }
 
-std::vector<std::string> PepWarnings(const PepOutcome &outcome, const DataFiles &files) {
+std::vector<std::string> MixWarnings(const PepOutcome &outcome, const DataFiles &files) {
   std::vector<std::string> warnings = outcome.Messages;
   for (int i = 1; i <= outcome.Ingredients.IngredientCount; ++i) {
     const std::size_t at =
@@ -85,6 +84,11 @@ std::vector<std::string> PepWarnings(const PepOutcome &outcome, const DataFiles 
         fmt::format("The heat to bring the propellant to {} K is that of 100 g, for {:.6g} g too: "
                     "give weights of 100 in all",
                     mix.Temperature, mix.TotalWeight));
+  return warnings;
+}
+
+std::vector<std::string> PepWarnings(const PepOutcome &outcome, const DataFiles &files) {
+  std::vector<std::string> warnings = MixWarnings(outcome, files);
   std::vector<double> condensed, unconverged;
   double most = 0;
   for (const PepCase &one : outcome.Case) {

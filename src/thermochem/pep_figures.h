@@ -35,7 +35,10 @@ PepFigures FiguresOf(const PepOutcome &, const PepCase &);
 // The species of a point down to `least` moles per 100 g, the most first.
 std::vector<SpeciesAmount> SpeciesOf(const PepOutcome &, const PepPoint &, double least = 1e-6);
 
+inline constexpr double MuchCondensed = 0.3; // of the products' mass: a real motor falls short of the figures
+
 // What a user must know before trusting a run, a sentence each: the messages of the data, ingredients whose
-// heat of formation is an estimate, a temperature that weights of another total than 100 g do not fit, cases
-// above 30 % of condensed mass, cases that did not converge.
+// heat of formation is an estimate, a temperature that weights of another total than 100 g do not fit.
+std::vector<std::string> MixWarnings(const PepOutcome &, const DataFiles &);
+// These and what is to be told of the cases: much condensed mass, no convergence, the solver's own messages.
 std::vector<std::string> PepWarnings(const PepOutcome &, const DataFiles &);
