@@ -15,6 +15,8 @@
 #include "shell/file_menu.h"
 #include "shell/help_pages.h"
 #include "shell/hot_key_form.h"
+#include "shell/pressure_window.h"
+#include "shell/propellant_form.h"
 #include "shell/recorder.h"
 #include "shell/refresh_screen.h"
 #include "shell/results_form.h"
@@ -113,6 +115,7 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuAbout, ShowAbout},
     {Ctl::RunSim2, RunSimulation},
     {Ctl::Save_Results, SaveResults},
+    {Ctl::Performance_Sim, ShowPressureResults},
     {Ctl::Design_Mode, [](Workbench &b) { LeaveResults(b.Grain, b.Out, b.Sim); }},
 };
 
@@ -195,6 +198,8 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "Save_Results_Form") return SaveResultsEvent(bench, event);
   if (window == "Export_DXF") return ExportDxfEvent(bench, event);
   if (window == "HotKeyForm") return HotKeyFormEvent(bench, event);
+  if (window == "Pressure_Results") return PressureEvent(bench, event);
+  if (window == "Propellants_Form") return PropellantFormEvent(bench, event);
   if (window == "Find_Tool") return FindToolEvent(bench, event);
   if (window == "Help_Window") return HelpEvent(bench, event);
   if (event.Target == Ctl::HotKeyList) return HotKeyListEvent(bench, event);

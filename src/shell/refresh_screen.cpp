@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "drafting/command_machine.h"
 #include "drafting/frames.h"
+#include "shell/pressure_window.h"
 #include "shell/tool_hints.h"
 
 #include <array>
@@ -40,6 +41,8 @@ constexpr HintRow Hints[] = {
     {Ctl::tbSave, "Save: the grain under its name (Ctrl+S)"},
     {Ctl::tbRefresh, "Refresh: draws everything again"},
     {Ctl::RunSim2, "Run Sim: burns the grain and shows its areas, Kn and outlines"},
+    {Ctl::Performance_Sim,
+     "Motor Performance: pressure, thrust and mass flow of this burn over time for a propellant"},
     {Ctl::Save_Results, "Save Results: the burn's table as a file that a spreadsheet evaluates"},
     {Ctl::Design_Mode, "Back to Design Mode: the drawing can be changed again"},
     {Ctl::Recovery_SaveAs, "Saves the recovered design under a name of your choice"},
@@ -51,7 +54,7 @@ constexpr HintRow Hints[] = {
 constexpr Ctl Unavailable[] = {
     Ctl::PEP_Simulation, Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,
     Ctl::tbTemplates,    Ctl::tbTutor,           Ctl::tb3DRender,      Ctl::tb2DPlot,
-    Ctl::tb3DConfig,     Ctl::Performance_Sim,   Ctl::Empty_Template,
+    Ctl::tb3DConfig,     Ctl::Pressure_PEP,      Ctl::Empty_Template,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -154,5 +157,6 @@ void RefreshScreen(Workbench &bench) {
   RecoveryControls(bench);
   ModeControls(bench);
   RefreshDiagnosis(bench);
+  RefreshPressure(bench);
   RefreshLive(bench);
 }

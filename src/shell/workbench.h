@@ -7,6 +7,7 @@
 #include "shell/diagnosis_view.h"
 #include "shell/grain_document.h"
 #include "shell/live_view.h"
+#include "shell/pressure.h"
 #include "shell/recent_files.h"
 #include "shell/work_folder.h"
 
@@ -72,6 +73,7 @@ struct Workbench {
   SimulationView Sim;
   DiagnosisView Amiss;
   LiveView Live;
+  Pressure Motor;
   Recording Record;
   bool ExportFlag = false; // Export_DXF was left by Export_Now
   std::string Caption;               // what stands behind "Morvandel - " in the title

@@ -1,0 +1,90 @@
+#include "shell/pressure_export.h"
+
+#include "base/whole_file.h"
+#include "outputs/burn_figures.h"
+#include "outputs/channel_table.h"
+#include "outputs/chart_picture.h"
+#include "outputs/motor_report.h"
+#include "outputs/thrust_file.h"
+#include "performance/charts.h"
+
+#include <filesystem>
+
+namespace {
+
+// Empty: called off. A name without an ending takes this one.
+std::string AskTarget(Workbench &bench, const char *filter, const char *behind, const char *ending) {
+  const std::filesystem::path design(bench.Grain.CurrentFile);
+  const std::string initial =
+      design.empty() ? std::string("motor") : (design.parent_path() / design.stem()).string();
+  const auto chosen = bench.Out.AskFile(FileUse::SaveAs, filter, initial + behind + ending);
+  if (!chosen || chosen->empty()) return {};
+  if (!std::filesystem::path(*chosen).extension().empty()) return *chosen;
+  const std::string path = *chosen + ending;
+  const std::string question =
+      std::filesystem::path(path).filename().string() + " already exists. Replace it?";
+  const bool replaces = FileExists(path); // the file dialog saw another name
+  if (replaces && bench.Out.Ask({question, "Save As", Buttons::YesNo, Icon::Exclamation}) != Answer::Yes)
+    return {};
+  return path;
+}
+
+void Tell(Workbench &bench, const char *title, const std::string &trouble) {
+  if (!trouble.empty()) bench.Out.Ask({trouble, title, Buttons::Ok, Icon::Exclamation});
+}
+
+// What leaves is what the boxes say: figures of former inputs would pass for theirs.
+bool Ready(Workbench &bench, const char *title) {
+  const Pressure &state = bench.Motor;
+  if (!state.Objection.empty()) Tell(bench, title, state.Objection + ".");
+  return state.Objection.empty() && !state.Run.Sample.empty();
+}
+
+} // namespace
+
+void SaveChart(Workbench &bench) {
+  constexpr const char *title = "Save Picture";
+  const PerformanceChart &chart = bench.Motor.Chart;
+  if (chart.Value.empty()) return;
+  const std::string behind = std::string("_") + TextOf(chart.Kind).Name;
+  const std::string path =
+      AskTarget(bench, "All Files (*.*)|*.*|PDF (*.pdf)|*.pdf|SVG (*.svg)|*.svg|PNG (*.png)|*.png",
+                behind.c_str(), ".png");
+  if (path.empty()) return;
+  std::string ending = std::filesystem::path(path).extension().string();
+  for (char &c : ending)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  if (ending != ".png" && ending != ".svg" && ending != ".pdf")
+    return Tell(bench, title, path + ": expected a name that ends in .png, .svg or .pdf");
+  const PictureForm form = ending == ".png"   ? PictureForm::Png
+                           : ending == ".svg" ? PictureForm::Svg
+                                              : PictureForm::Pdf;
+  Tell(bench, title, WriteChartPicture(chart, form, path));
+}
+
+void ExportThrustFile(Workbench &bench) {
+  constexpr const char *title = "Thrust File";
+  if (!Ready(bench, title)) return;
+  const std::string path = AskTarget(bench, "All Files (*.*)|*.*|Thrust Files (*.eng)|*.eng", "", ".eng");
+  if (path.empty()) return;
+  const Pressure &state = bench.Motor;
+  const std::string name = bench.Grain.CurrentFile.empty() ? "" : DesignName(bench.Grain);
+  Tell(bench, title, WriteWhole(path, ThrustFileText(state.Run, state.RunInputs, name)));
+}
+
+void ExportChannels(Workbench &bench) {
+  constexpr const char *title = "Table of Channels";
+  if (!Ready(bench, title)) return;
+  const std::string path =
+      AskTarget(bench, "All Files (*.*)|*.*|Comma Sep Value Files (*.csv)|*.csv", "_motor", ".csv");
+  if (!path.empty()) Tell(bench, title, WriteWhole(path, ChannelTableText(bench.Motor.Run)));
+}
+
+void ExportMotorReport(Workbench &bench) {
+  constexpr const char *title = "Report";
+  if (!Ready(bench, title)) return;
+  const std::string path = AskTarget(bench, "All Files (*.*)|*.*|PDF (*.pdf)|*.pdf", "_motor", ".pdf");
+  if (path.empty()) return;
+  const Pressure &state = bench.Motor;
+  Tell(bench, title, WriteMotorReport(bench.Grain, bench.Sim.Run, state.RunInputs, &state.Run, path));
+}
