@@ -12,7 +12,7 @@
 namespace {
 
 constexpr double LowestTemperature = -200, HighestTemperature = 500; // of a propellant, degrees Celsius
-constexpr double HighestPressure = 1000;                             // MPa
+constexpr double LowestPressure = 0.001, HighestPressure = 1000;     // MPa
 constexpr double HighestWeight = 1e9;                                // g
 constexpr double HighestExpansion = 100;
 
@@ -55,9 +55,9 @@ std::string ReadPressure(const std::string &text, PepInputs &inputs) {
   const bool read = ends.size() == 2   ? NumberOf(ends[0], lower) && NumberOf(ends[1], upper)
                     : ends.size() == 1 ? NumberOf(text, lower) && NumberOf(text, upper)
                                        : false;
-  const auto fits = [](double p) { return p > 0 && p <= HighestPressure; };
+  const auto fits = [](double p) { return p >= LowestPressure && p <= HighestPressure; };
   if (!read || !fits(lower) || !fits(upper))
-    return fmt::format("--pressure: expected LOWER:UPPER in MPa, above 0 and at most {}, found \"{}\"",
+    return fmt::format("--pressure: expected LOWER:UPPER from {} to {} MPa, found \"{}\"", LowestPressure,
                        HighestPressure, text);
   inputs.LowerPressure = std::min(lower, upper);
   inputs.UpperPressure = std::max(lower, upper);
