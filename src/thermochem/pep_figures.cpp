@@ -101,7 +101,7 @@ std::vector<std::string> PepWarnings(const PepOutcome &outcome, const DataFiles 
   }
   if (!condensed.empty())
     warnings.push_back(
-        fmt::format("More than 30 % of the products are condensed (up to {:.0f} % of the mass) "
+        fmt::format("More than 30 % of the products are condensed (up to {:.1f} % of the mass) "
                     "in {}: a real motor delivers less than this",
                     100 * most, CaseList(condensed, outcome.Case.size())));
   if (!unconverged.empty())
