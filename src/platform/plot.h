@@ -12,14 +12,15 @@ struct PlotCurve {
   std::vector<double> X, Y;
 };
 
-// A filled curve over time or burn distance, X evenly from 0 on, with others over it: what My_Chart3 shows.
-// Its labels stand in Y_Axis and Time_Axis.
+// A filled curve over time or burn distance, X evenly from 0 on, with others over it: what My_Chart3 shows
+// (its labels stand in Y_Axis and Time_Axis); or curves alone: what Pep_Chart shows.
 struct Plot {
   std::string XTitle, YTitle;
+  bool Filled = true;     // false: X and Y are only where the cursor stands, Curve holds all that is drawn
   std::uint32_t Fill = 0; // red in the low byte
   std::vector<double> X, Y;
-  double XEnd = 1, YTop = 1;          // of the whole view
-  double LabelEnd = 0, LabelLast = 0; // where the last label of Time_Axis and of Y_Axis stands
+  double XBegin = 0, YBegin = 0, XEnd = 1, YTop = 1; // of the whole view
+  double LabelEnd = 0, LabelLast = 0;                // where the last label of Time_Axis and of Y_Axis stands
   std::vector<PlotCurve> Curve;
   unsigned Number = 0; // another one whenever anything above has changed
   int Cursor = -1;     // the point under the pointer, -1: none
@@ -39,4 +40,11 @@ struct TextTable {
   };
   std::vector<Line> Row;
   bool operator==(const TextTable &) const = default;
+};
+
+// A nozzle's shape to be sketched; a ratio of 0: nothing to show.
+struct NozzleShape {
+  double Ratio = 0;     // of exit to throat area
+  double HalfAngle = 0; // degrees
+  bool operator==(const NozzleShape &) const = default;
 };

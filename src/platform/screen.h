@@ -68,6 +68,9 @@ public:
   Chart MyChart1, MyChart2, MyLiveChart;
   Plot My_Chart3;
   TextTable Compare; // of Compare_Table
+  Plot Pep_Chart;
+  TextTable Pep_Grid;        // of Result_Grid
+  NozzleShape Nozzle;        // of Draw_Nozzle
   int PixelWidth = 1440;     // of the whole screen
   WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
   Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up

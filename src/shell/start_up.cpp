@@ -25,10 +25,11 @@ constexpr PlaceField PlaceFields[] = {
     {"SideWidth", &WindowPlace::SideWidth}, {"ChartHeight", &WindowPlace::ChartHeight}};
 
 void HideWindows(Screen &out) {
-  for (const Ctl c : {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout,
-                      Ctl::SimMsg, Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form,
-                      Ctl::Grid_Control, Ctl::Increments_2d, Ctl::Save_Results_Form, Ctl::Export_DXF,
-                      Ctl::Find_Tool, Ctl::Help_Window, Ctl::Pressure_Results, Ctl::Propellants_Form})
+  for (const Ctl c :
+       {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout, Ctl::SimMsg,
+        Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form, Ctl::Grid_Control,
+        Ctl::Increments_2d, Ctl::Save_Results_Form, Ctl::Export_DXF, Ctl::Find_Tool, Ctl::Help_Window,
+        Ctl::Pressure_Results, Ctl::Propellants_Form, Ctl::PEP_SimA})
     out[c].Visible = false;
 }
 
