@@ -7,6 +7,7 @@
 #include "desktop/message_strip.h"
 #include "desktop/panes.h"
 #include "desktop/point_strip.h"
+#include "desktop/pressure_window.h"
 #include "desktop/property_pane.h"
 #include "desktop/side_pane.h"
 #include "desktop/tools_pane.h"
@@ -66,6 +67,7 @@ MainWindow::MainWindow(Sender send) {
   BindPopUp(Controls, Ctl::HotKeyList, Ctl::HotKeyPrompt, this);
   Typing = new TypingCard(*Drawing, *points);
   Help = new HelpWindow(Controls.Send, this);
+  Performance = new PressureWindow(Controls.Send, this);
   Drawing->setFocus();
 }
 
@@ -110,6 +112,27 @@ void MainWindow::FollowHelp(const Screen &shown) {
   Help->activateWindow();
 }
 
+void MainWindow::FollowPerformance(const Screen &shown, const Theme &theme) {
+  const bool wanted = shown[Ctl::Pressure_Results].Visible;
+  if (wanted || Performance->isVisible()) Performance->Copy(shown, theme);
+  if (wanted == Performance->isVisible()) return;
+  if (!wanted) return Performance->hide();
+  if (!Performance->testAttribute(Qt::WA_WState_Created)) Performance->Place(screen()->availableGeometry());
+  Performance->show();
+  Performance->activateWindow();
+}
+
+QWidget *MainWindow::FocusOn(Ctl control) {
+  for (const Bindings *bindings : {&Controls, &Performance->Controls}) {
+    QWidget *widget = Find(*bindings, control);
+    if (!widget) continue;
+    if (widget->window() != this) widget->window()->activateWindow();
+    widget->setFocus();
+    return widget;
+  }
+  return nullptr;
+}
+
 void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   const QPointer<QWidget> held = focusWidget();
   if (!Drawing->Claims)
@@ -122,6 +145,7 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
   FollowHelp(screen);
+  FollowPerformance(screen, theme);
   // What has the keys and goes gives them back to the drawing, not to whatever stands next to it.
   if (held && !held->isVisible() && isVisible()) Drawing->setFocus();
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());

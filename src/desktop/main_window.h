@@ -8,6 +8,7 @@
 
 class HelpWindow;
 class MessageStrip;
+class PressureWindow;
 class QSplitter;
 class SidePane;
 class TypingCard;
@@ -21,6 +22,7 @@ public:
   void Tell(const QString &text, const char *icon); // without stopping the user
   WindowPlace Place();
   void Restore(const WindowPlace &);
+  QWidget *FocusOn(Ctl); // brings its window to the front; null: it is in none of them
   Bindings Controls;
 
 protected:
@@ -33,6 +35,7 @@ private:
   QWidget *BuildDrawing(); // what lies over it too
   QWidget *BuildCharts();
   void FollowHelp(const Screen &);
+  void FollowPerformance(const Screen &, const Theme &);
   Ctl UnderPointer() const; // the tool there, else the drawing
 
   DrawPanel *Drawing = nullptr;
@@ -43,6 +46,7 @@ private:
   MessageStrip *Message = nullptr;
   TypingCard *Typing = nullptr;
   HelpWindow *Help = nullptr;
+  PressureWindow *Performance = nullptr;
   QSplitter *Rows = nullptr, *Columns = nullptr; // drawing over charts; both beside the side pane
   int SideWidth = 0, ChartHeight = 0;            // as last seen
 };

@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
@@ -112,11 +113,19 @@ void QtScreen::Mirror() {
   if (Focus != Ctl::Count) {
     const Ctl wish = std::exchange(Focus, Ctl::Count);
     QWidget *widget = Open.empty() ? nullptr : Find(Open.back()->Controls, wish);
-    if (!widget && Window) widget = Find(Window->Controls, wish);
     if (widget) widget->setFocus();
+    if (!widget && Window) widget = Window->FocusOn(wish);
     const bool atEnd = std::exchange(CursorAtEnd, false);
     if (auto *field = qobject_cast<QLineEdit *>(widget)) atEnd ? field->end(false) : field->selectAll();
   }
+}
+
+// What a question belongs to: the dialog that is open, else the window that has the keys.
+QWidget *QtScreen::Front() const {
+  if (!Open.empty()) return Open.back();
+  QWidget *const active = QApplication::activeWindow();
+  const bool ours = active && Window && active->parentWidget() == Window.get() && !active->isModal();
+  return ours ? active : Window.get();
 }
 
 Answer QtScreen::Ask(const Box &box) {
@@ -126,7 +135,7 @@ Answer QtScreen::Ask(const Box &box) {
     return Answer::Ok;
   }
   Mirror();
-  QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
+  QWidget *parent = Front();
   QMessageBox message(parent);
   message.setObjectName("MessageBox");
   message.setWindowTitle(Text(box.Title));
@@ -155,7 +164,7 @@ Answer QtScreen::Ask(const Box &box) {
 
 std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filter, std::string_view initial) {
   Mirror();
-  QFileDialog dialog(Window.get(), use == FileUse::Open ? "Open" : "Save As");
+  QFileDialog dialog(Front(), use == FileUse::Open ? "Open" : "Save As");
   dialog.setObjectName("FileDialog");
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
@@ -181,7 +190,7 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
 
 std::optional<std::uint32_t> QtScreen::AskColour(std::uint32_t initial) {
   Mirror();
-  QWidget *parent = Open.empty() ? static_cast<QWidget *>(Window.get()) : Open.back();
+  QWidget *parent = Front();
   QColorDialog dialog(FromRed(initial), parent);
   dialog.setObjectName("ColourDialog");
   dialog.setWindowTitle("Colour");
@@ -198,7 +207,8 @@ std::optional<std::uint32_t> QtScreen::AskColour(std::uint32_t initial) {
 
 void QtScreen::RunModal(Form form) {
   const auto send = [this](const Event &e) { Send(e); };
-  QWidget *parent = Window && Window->isVisible() ? Window.get() : nullptr;
+  const QPointer<QWidget> before = Front();
+  QWidget *parent = Window && Window->isVisible() ? before.get() : nullptr;
   const std::unique_ptr<FormDialog> dialog([&] {
     switch (form) {
     case Form::Dimensions: return MakeDimensions(send, parent);
@@ -223,7 +233,10 @@ void QtScreen::RunModal(Form form) {
   while ((*this)[dialog->Self].Visible) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   Open.pop_back();
   dialog->hide();
-  if (Window) Window->activateWindow();
+  if (before && before->isVisible())
+    before->activateWindow();
+  else if (Window)
+    Window->activateWindow();
 }
 
 void QtScreen::Wait(double seconds) {

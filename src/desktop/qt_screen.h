@@ -29,6 +29,8 @@ public:
   MainWindow &Main() { return *Window; }
 
 private:
+  QWidget *Front() const;
+
   QApplication &App;
   std::unique_ptr<MainWindow> Window;
   std::unique_ptr<Splash> SplashWindow;

@@ -136,6 +136,10 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #Typing_Card { border-color: @Accent; }
 #Diagnosis_Line { background: @Notice; border: 1px solid @Hairline; border-radius: 8px; }
 QPushButton[slim="true"] { padding: 2px 10px; }
+QPushButton[segment="true"] { border-radius: 0; padding: 5px 9px; }
+QLineEdit[plain="true"] { background: @Window; border-color: @Hairline; }
+QLineEdit[bad="true"] { border: 2px solid @Gone; padding: 4px 7px; }
+QLabel[bad="true"] { color: @Gone; }
 #ToolCard { background: @Field; border: 1px solid @Hairline; border-radius: 8px; }
 #sbStatusBar { color: @Quiet; }
 *[hairline="true"] { background: @Hairline; }
@@ -159,7 +163,8 @@ QString FilledSheet(const Theme &t) {
                                                    {"@Edge", t.Edge},
                                                    {"@Lit", t.Lit},
                                                    {"@Glow", t.Glow},
-                                                   {"@Notice", t.Notice}};
+                                                   {"@Notice", t.Notice},
+                                                   {"@Gone", t.Gone}};
   QString sheet = QString::fromLatin1(Sheet);
   for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
   return sheet.replace(QLatin1String("@Ticks"), QLatin1String(t.Dark ? "dark" : "light"));

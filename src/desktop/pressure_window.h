@@ -1,0 +1,39 @@
+#pragma once
+#include "desktop/bindings.h"
+
+class PlotView;
+class QComboBox;
+class QPushButton;
+class QTreeWidget;
+
+// Pressure_Results, beside the drawing: charts of the burn over time, its inputs, figures and comparison.
+class PressureWindow final : public QWidget {
+public:
+  PressureWindow(Sender, QWidget *parent);
+  void Copy(const Screen &, const Theme &);
+  void Place(const QRect &room); // at its first opening
+  Bindings Controls;
+
+protected:
+  void closeEvent(QCloseEvent *) override;
+  void keyPressEvent(QKeyEvent *) override;
+
+private:
+  QWidget *BuildInputs();
+  QWidget *BuildChart();
+  QWidget *BuildStrip();
+  QWidget *BuildTable();
+  QWidget *BuildFoot();
+  void CopyChoice(const Control &);
+  void CopyTable(const TextTable &, const Control &, const Theme &);
+  void SendClose();
+  void PressItem(Ctl, const QString &);
+
+  PlotView *Chart = nullptr;
+  QLabel *InputsHead = nullptr;
+  QComboBox *Choice = nullptr;
+  QTreeWidget *Table = nullptr;
+  QPushButton *Reset = nullptr;
+  TextTable TableShown;
+  const Theme *TableTheme = nullptr;
+};
