@@ -1,8 +1,8 @@
 #include "cli/data.h"
 
 #include "cli/exit_codes.h"
-#include "cli/pep_request.h"
 #include "thermochem/data_check.h"
+#include "thermochem/data_places.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -31,7 +31,7 @@ void AddData(CLI::App &app, DataArguments &a) {
 }
 
 int DataCommand(const DataArguments &a) {
-  const DataPlaces places = FindDataFiles(DataFolders(a.Folder));
+  const DataPlaces places = PlacesOfData(a.Folder);
   const DataCheck check = CheckData(places);
   Print(places.Ingredients, check.IngredientFaults);
   Print(places.Species, check.SpeciesFaults);

@@ -4,6 +4,7 @@
 #include "cli/exit_codes.h"
 #include "cli/outputs.h"
 #include "cli/pep_output.h"
+#include "thermochem/data_places.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

@@ -1,12 +1,10 @@
 #include "cli/pep_request.h"
 
 #include "base/numeral.h"
-#include "shell/work_folder.h"
-#include "thermochem/data_files.h"
+#include "thermochem/data_records.h"
 #include "thermochem/ingredient_names.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fmt/format.h>
 
 namespace {
@@ -104,14 +102,4 @@ std::string ReadPepRequest(const PepArguments &a, const DataFiles &files, PepReq
                        a.Expansion);
   request.Step = {{0, request.Inputs}};
   return a.Sweep.empty() ? std::string() : ReadSweep(a.Sweep, files, request);
-}
-
-std::vector<std::string> DataFolders(const std::string &folder) {
-  if (!folder.empty()) return {folder + "/"};
-  const std::filesystem::path program = std::filesystem::path(ExecutablePath()).parent_path();
-  return {program.string() + "/", (program.parent_path() / "share" / "morvandel").string() + "/"};
-}
-
-std::string LoadDataFiles(const std::string &folder, DataFiles &files) {
-  return ReadDataFiles(FindDataFiles(DataFolders(folder)), files);
 }

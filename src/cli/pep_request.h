@@ -21,8 +21,3 @@ inline std::size_t Repeats(const PepRequest &request) {
 
 // The trouble in one sentence that names the argument, or empty.
 std::string ReadPepRequest(const PepArguments &, const DataFiles &, PepRequest &);
-
-// The data files of an explicit folder, else those beside the program or in the install's share folder. The
-// trouble, or empty.
-std::string LoadDataFiles(const std::string &folder, DataFiles &);
-std::vector<std::string> DataFolders(const std::string &folder);
