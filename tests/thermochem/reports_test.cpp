@@ -14,13 +14,14 @@ struct PepTrial {
   DataFiles Files;
   PepOutcome Outcome;
   explicit PepTrial(const std::vector<std::pair<const char *, double>> &mix, double celsius = 25,
-                    double lower = 2, double upper = 10) {
+                    double lower = 2, double upper = 10, int cases = MaxCases) {
     EXPECT_EQ(ReadDataFiles(FindDataFiles({TEST_BIN "/"}), Files), "");
     PepInputs inputs;
     for (const auto &[name, weight] : mix) inputs.Ingredient.push_back({FindIngredient(Files, name), weight});
     inputs.Temperature = celsius;
     inputs.LowerPressure = lower;
     inputs.UpperPressure = upper;
+    inputs.CaseCount = cases;
     Outcome = RunPep(inputs, Files);
     EXPECT_TRUE(Outcome.Done) << Outcome.Trouble;
   }
@@ -90,9 +91,9 @@ TEST(Reports, WarningsNameWhatIsDoubtful) {
     return std::any_of(list.begin(), list.end(),
                        [&](const std::string &w) { return w.find(words) != std::string::npos; });
   };
-  const PepTrial clean({{"AMMONIUM PERCHLORATE", 80}, {"HTPB R-45M", 20}}),
-      warm({{"AMMONIUM PERCHLORATE", 8}, {"HTPB R-45M", 2}}, 60),
-      charcoal({{"POTASSIUM NITRATE", 75}, {"CHARCOAL", 15}, {"SULFUR", 10}});
+  const PepTrial clean({{"AMMONIUM PERCHLORATE", 80}, {"HTPB R-45M", 20}}, 25, 2, 10, 2),
+      warm({{"AMMONIUM PERCHLORATE", 8}, {"HTPB R-45M", 2}}, 60, 2, 10, 2),
+      charcoal({{"POTASSIUM NITRATE", 75}, {"CHARCOAL", 15}, {"SULFUR", 10}}, 25, 2, 10, 2);
   EXPECT_TRUE(PepWarnings(clean.Outcome, clean.Files).empty());
   EXPECT_TRUE(warns(warm, "of 100 g"));
   EXPECT_TRUE(warns(charcoal, "CHARCOAL is an estimate"));
