@@ -23,6 +23,7 @@ void MoveBasis(Solver &s, double temperature, int i, double delta) {
     if (c == 0) continue;
     double &moles = s.Moles[s.BasisList[e]];
     moles = moles - c * delta;
+    s.LogBasisOld[e] = true;
     if (s.BasisList[e] <= s.GasCount) gas -= c * delta;
     if (moles < threshold && std::abs(c) > LeastPivot && (leaving == 0 || moles <= least)) {
       least = moles;
@@ -37,7 +38,9 @@ void MoveBasis(Solver &s, double temperature, int i, double delta) {
     else
       s.LogScale = std::log(s.PassPressure / s.PassGas);
   }
-  if (leaving != 0) SwapBasis(s, temperature, s.BasisList[leaving], i, leaving);
+  if (leaving == 0) return;
+  SwapBasis(s, temperature, s.BasisList[leaving], i, leaving);
+  s.LogBasisOld[leaving] = true;
 }
 
 // Q, and the gas of the basis that a step takes.
@@ -45,27 +48,42 @@ struct Activity {
   double LogProduct = 0, Gas = 0;
 };
 
-Activity BasisActivity(const Solver &s, const Limits &limits) {
+Activity BasisActivity(Solver &s, int i) {
   Activity a;
   for (int e = 1; e <= s.ElementCount; ++e) {
-    const double v = limits.Coefficient[e];
-    if (v == 0) continue;
+    const double v = s.ReactionMatrix[i][e];
+    const int b = s.BasisList[e];
+    if (v == 0 || b > s.GasCount) continue;
     a.Gas += v;
-    const double basis = s.Moles[s.BasisList[e]];
-    if (basis > 0) a.LogProduct += v * std::log(basis);
+    if (s.LogBasisOld[e]) {
+      s.LogBasis[e] = s.Moles[b] > 0 ? std::log(s.Moles[b]) : 0;
+      s.LogBasisOld[e] = false;
+    }
+    a.LogProduct += v * s.LogBasis[e];
   }
   a.LogProduct += s.LogScale * a.Gas;
   return a;
 }
 
+// Whether the species rests without a closer look: settled, or at the floor and not wanted.
+bool Rests(const Solver &s, int i, double affinity) {
+  if (i > s.GasCount) return std::abs(affinity) < Settled || (affinity >= 0 && s.Moles[i] == s.MinMoles);
+  return s.Moles[i] == s.MinMoles && s.Plenty && affinity + s.LogScale + s.LogFloor > 0;
+}
+
 void Adjust(Solver &s, double temperature, double relaxation, int i) {
   double delta = 0, stiffness = 0, keep = relaxation;
   const double moles = s.Moles[i];
+  const Activity activity = BasisActivity(s, i);
+  double affinity = s.LogK[i] - activity.LogProduct;
+  s.SpeciesStatus[i] = UnderAdjustment;
+  if (Rests(s, i, affinity)) return;
   Limits limits = ReactionLimits(s, i);
   const auto bounded = [&] {
     delta = std::min(std::max(delta, limits.Lower * relaxation), limits.Upper * relaxation);
+    if (s.Plenty && i <= s.GasCount && delta < 0) delta = std::max(delta, s.MinMoles - moles);
     if (std::abs(delta) >= 0.0001 * moles && moles + delta > s.MinMoles) s.Moved = true;
-    s.Moles[i] = moles + delta;
+    s.Moles[i] = s.Plenty && delta == s.MinMoles - moles ? s.MinMoles : moles + delta;
     if (std::abs(s.Moles[i]) < Smallest) s.Moles[i] = Smallest; // no denormal numbers
     MoveBasis(s, temperature, i, delta);
   };
@@ -73,15 +91,8 @@ void Adjust(Solver &s, double temperature, double relaxation, int i) {
     delta = -1.001 * moles + s.MinMoles;
     return bounded();
   }
-  const Activity activity = BasisActivity(s, limits);
-  double affinity = s.LogK[i] - activity.LogProduct;
-  s.SpeciesStatus[i] = UnderAdjustment;
   if (i > s.GasCount) {
-    if (std::abs(affinity) < Settled) return;
-    const double floor = s.MinMoles;
-    if (affinity >= 0 &&
-        (moles <= std::min(1e-7 * s.TotalWeight, 0.01 * limits.Upper) || s.Moles[i] == floor)) {
-      if (s.Moles[i] == floor) return;
+    if (affinity >= 0 && moles <= std::min(1e-7 * s.TotalWeight, 0.01 * limits.Upper)) {
       delta = s.MinMoles - moles;
       return bounded();
     }
@@ -149,6 +160,10 @@ void AdjustmentPass(Solver &s, double temperature, double pressure) {
   s.PassGas = std::max(s.PassGas, Smallest);
   s.LogScale = std::log(pressure / s.PassGas);
   s.Moved = false;
+  s.LogFloor = std::log(s.MinMoles);
+  s.LogBasisOld.fill(true);
+  s.Plenty = true;
+  for (int e = 1; e <= s.ElementCount; ++e) s.Plenty = s.Plenty && s.Moles[s.BasisList[e]] > 1e4 * s.MinMoles;
   for (int k = 1; k <= s.SpeciesCount; ++k) {
     const int i = s.Order[k];
     if (s.SpeciesStatus[i] != InBasis) Adjust(s, temperature, relaxation, i);

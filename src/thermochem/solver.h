@@ -20,6 +20,10 @@ struct Solver {
   std::array<double, MaxSpecies + 1> Moles{};
   std::array<float, MaxSpecies + 1> CpTerm{}, HTerm{}, STerm{}, GibbsTerm{};
   std::array<double, MaxSpecies + 1> LogK{}, Key{};
+  std::array<double, MaxElements + 1> LogBasis{};  // ln of the basis moles, worked out when asked for
+  std::array<bool, MaxElements + 1> LogBasisOld{}; // and these moved since
+  double LogFloor = 0;                             // ln MinMoles
+  bool Plenty = false; // no basis species is near the floor, so that what stands there need not be looked at
   std::array<std::int16_t, MaxSpecies + 1> SpeciesStatus{};
   std::array<int, MaxSpecies + 1> Order{};
   std::array<int, MaxElements + 1> BasisList{};
