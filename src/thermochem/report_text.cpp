@@ -55,7 +55,7 @@ void AppendCsv(std::string &text, const std::vector<std::string> &row) {
 
 } // namespace
 
-std::string ReportText(const Report &report) {
+std::string ReportAsText(const Report &report) {
   std::string text = report.Title + '\n';
   if (!report.Line.empty()) text += '\n';
   for (const std::string &line : report.Line) text += line + '\n';

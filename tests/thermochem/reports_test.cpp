@@ -61,12 +61,12 @@ TEST(Reports, AddUpAndSayWhatIsNot) {
   EXPECT_EQ(expansion.Table[0].Row[27][0], "26.");
   const Report performance = PerformanceReport(outcome, run.Files, Shifting);
   EXPECT_EQ(performance.Table[0].Row.size(), 15u);
-  EXPECT_NE(ReportText(performance).find("More than 30 %"), std::string::npos);
+  EXPECT_NE(ReportAsText(performance).find("More than 30 %"), std::string::npos);
   const std::string csv = ReportCsv(expansion);
   EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 1 + 1 + 1 + 1 + 100);
   for (const Report &report :
        {ingredients, products, expansion, performance, StateReport(outcome, outcome.Case[0])})
-    for (const std::string &text : {ReportText(report), ReportCsv(report)}) {
+    for (const std::string &text : {ReportAsText(report), ReportCsv(report)}) {
       EXPECT_EQ(text.find("nan"), std::string::npos) << text;
       EXPECT_EQ(text.find("inf"), std::string::npos) << text;
     }
@@ -82,7 +82,7 @@ TEST(Reports, NothingToExpandIsShownAsGaps) {
       for (const Report &report :
            {StateReport(run->Outcome, one), ChemicalReport(run->Outcome, one, Frozen),
             ExpansionReport(run->Outcome, one, Frozen), PerformanceReport(run->Outcome, run->Files, Frozen)})
-        EXPECT_EQ(ReportText(report).find("nan"), std::string::npos) << ReportText(report);
+        EXPECT_EQ(ReportAsText(report).find("nan"), std::string::npos) << ReportAsText(report);
 }
 
 TEST(Reports, WarningsNameWhatIsDoubtful) {
