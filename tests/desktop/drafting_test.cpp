@@ -52,6 +52,7 @@ TEST(Desktop, DraftingScriptsAsMouseAndKeysGiveTheSameTables) {
         lines.push_back(line);
     }
     Journey j;
+    std::ofstream(j.File("settings.ini")) << "[Settings]\nAutoPoint=0\n"; // the places are meant as they are
     j.Run(grain, PastIntro(std::move(lines)));
     ExpectSameRows(j.Table, DrawnUnseen(text));
   }

@@ -23,6 +23,16 @@ TEST(Typing, ANumberAndTwoEntersDrawWhereOneAims) {
   EXPECT_NEAR(circle.Radius, 3, 1e-9);
 }
 
+TEST(Typing, PointsSnapUntilTheUserSaysOtherwise) {
+  Journey j;
+  j.Run(FiveKeys, PastIntro({"cmd 1", "click 0 0", "click 10 0", "key Escape", "cmd 1", "click 10.2 0.1",
+                             "click 10 8", "press AutoPoint", "click 0.2 0.1", "key Escape"}));
+  ASSERT_EQ(j.Table.EntCount, 2);
+  EXPECT_EQ(RowAt(j.Table, 1).X1, 10);
+  EXPECT_NEAR(RowAt(j.Table, 2).X2, 0.2, 0.05);
+  EXPECT_NE(BytesOf(j.File("settings.ini")).find("AutoPoint=0"), std::string::npos);
+}
+
 // Each meaning the two fields have: a position, a length and angle, a diameter or radius, a width and height,
 // the tool's own value.
 TEST(Typing, TheFieldsMeanWhatTheToolAsksFor) {
