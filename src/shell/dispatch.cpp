@@ -15,6 +15,7 @@
 #include "shell/file_menu.h"
 #include "shell/help_pages.h"
 #include "shell/hot_key_form.h"
+#include "shell/pep_window.h"
 #include "shell/pressure_window.h"
 #include "shell/propellant_form.h"
 #include "shell/recorder.h"
@@ -55,6 +56,11 @@ void Zoom(Workbench &bench, void (*change)(DrawSurface &)) {
 
 void CloseProgram(Workbench &bench) {
   if (!bench.Record.On || StopRecording(bench)) CloseMain(bench);
+}
+
+void OpenMotorWindow(Workbench &bench) {
+  ShowPressureResults(bench);
+  DeliverSent(bench);
 }
 
 void FindAndPress(Workbench &);
@@ -115,7 +121,8 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuAbout, ShowAbout},
     {Ctl::RunSim2, RunSimulation},
     {Ctl::Save_Results, SaveResults},
-    {Ctl::Performance_Sim, ShowPressureResults},
+    {Ctl::Performance_Sim, OpenMotorWindow},
+    {Ctl::PEP_Simulation, ShowPep},
     {Ctl::Design_Mode, [](Workbench &b) { LeaveResults(b.Grain, b.Out, b.Sim); }},
 };
 
@@ -198,6 +205,9 @@ void Route(Workbench &bench, const Event &event) {
   if (window == "Save_Results_Form") return SaveResultsEvent(bench, event);
   if (window == "Export_DXF") return ExportDxfEvent(bench, event);
   if (window == "HotKeyForm") return HotKeyFormEvent(bench, event);
+  if (window == "PEP_SimA") return PepEvent(bench, event);
+  const bool motor = bench.Out[Ctl::Pressure_Results].Visible;
+  if (motor && event.Target == Ctl::Pressure_PEP && event.What == Event::Kind::Press) return ShowPep(bench);
   if (window == "Pressure_Results") return PressureEvent(bench, event);
   if (window == "Propellants_Form") return PropellantFormEvent(bench, event);
   if (window == "Find_Tool") return FindToolEvent(bench, event);

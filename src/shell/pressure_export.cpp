@@ -7,27 +7,11 @@
 #include "outputs/motor_report.h"
 #include "outputs/thrust_file.h"
 #include "performance/charts.h"
+#include "shell/save_target.h"
 
 #include <filesystem>
 
 namespace {
-
-// Empty: called off. A name without an ending takes this one.
-std::string AskTarget(Workbench &bench, const char *filter, const char *behind, const char *ending) {
-  const std::filesystem::path design(bench.Grain.CurrentFile);
-  const std::string initial =
-      design.empty() ? std::string("motor") : (design.parent_path() / design.stem()).string();
-  const auto chosen = bench.Out.AskFile(FileUse::SaveAs, filter, initial + behind + ending);
-  if (!chosen || chosen->empty()) return {};
-  if (!std::filesystem::path(*chosen).extension().empty()) return *chosen;
-  const std::string path = *chosen + ending;
-  const std::string question =
-      std::filesystem::path(path).filename().string() + " already exists. Replace it?";
-  const bool replaces = FileExists(path); // the file dialog saw another name
-  if (replaces && bench.Out.Ask({question, "Save As", Buttons::YesNo, Icon::Exclamation}) != Answer::Yes)
-    return {};
-  return path;
-}
 
 void Tell(Workbench &bench, const char *title, const std::string &trouble) {
   if (!trouble.empty()) bench.Out.Ask({trouble, title, Buttons::Ok, Icon::Exclamation});
@@ -47,9 +31,8 @@ void SaveChart(Workbench &bench) {
   const PerformanceChart &chart = bench.Motor.Chart;
   if (chart.Value.empty()) return;
   const std::string behind = std::string("_") + TextOf(chart.Kind).Name;
-  const std::string path =
-      AskTarget(bench, "All Files (*.*)|*.*|PDF (*.pdf)|*.pdf|SVG (*.svg)|*.svg|PNG (*.png)|*.png",
-                behind.c_str(), ".png");
+  const std::string path = AskTarget(
+      bench, "All Files (*.*)|*.*|PDF (*.pdf)|*.pdf|SVG (*.svg)|*.svg|PNG (*.png)|*.png", behind, ".png");
   if (path.empty()) return;
   std::string ending = std::filesystem::path(path).extension().string();
   for (char &c : ending)

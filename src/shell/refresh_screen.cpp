@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "drafting/command_machine.h"
 #include "drafting/frames.h"
+#include "shell/pep_window.h"
 #include "shell/pressure_window.h"
 #include "shell/tool_hints.h"
 
@@ -43,6 +44,9 @@ constexpr HintRow Hints[] = {
     {Ctl::RunSim2, "Run Sim: burns the grain and shows its areas, Kn and outlines"},
     {Ctl::Performance_Sim,
      "Motor Performance: pressure, thrust and mass flow of this burn over time for a propellant"},
+    {Ctl::PEP_Simulation,
+     "Propellant Performance: flame temperature, c*, impulse and products from the ingredients"},
+    {Ctl::Pressure_PEP, "Works out c* and Isp from the propellant's ingredients"},
     {Ctl::Save_Results, "Save Results: the burn's table as a file that a spreadsheet evaluates"},
     {Ctl::Design_Mode, "Back to Design Mode: the drawing can be changed again"},
     {Ctl::Recovery_SaveAs, "Saves the recovered design under a name of your choice"},
@@ -52,9 +56,8 @@ constexpr HintRow Hints[] = {
 
 // Controls whose subsystem is not part of this version: they stand in their place, greyed.
 constexpr Ctl Unavailable[] = {
-    Ctl::PEP_Simulation, Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,
-    Ctl::tbTemplates,    Ctl::tbTutor,           Ctl::tb3DRender,      Ctl::tb2DPlot,
-    Ctl::tb3DConfig,     Ctl::Pressure_PEP,      Ctl::Empty_Template,
+    Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,   Ctl::tbTemplates,    Ctl::tbTutor,
+    Ctl::tb3DRender,        Ctl::tb2DPlot,        Ctl::tb3DConfig, Ctl::Empty_Template,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -158,5 +161,6 @@ void RefreshScreen(Workbench &bench) {
   ModeControls(bench);
   RefreshDiagnosis(bench);
   RefreshPressure(bench);
+  RefreshPep(bench);
   RefreshLive(bench);
 }

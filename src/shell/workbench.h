@@ -7,6 +7,7 @@
 #include "shell/diagnosis_view.h"
 #include "shell/grain_document.h"
 #include "shell/live_view.h"
+#include "shell/pep.h"
 #include "shell/pressure.h"
 #include "shell/recent_files.h"
 #include "shell/work_folder.h"
@@ -74,8 +75,9 @@ struct Workbench {
   DiagnosisView Amiss;
   LiveView Live;
   Pressure Motor;
+  Thermo Pep;
   Recording Record;
-  bool ExportFlag = false; // Export_DXF was left by Export_Now
+  bool ExportFlag = false;           // Export_DXF was left by Export_Now
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm
   bool Panning = false;
