@@ -44,8 +44,10 @@ PlotView::PlotView(Ctl self, Sender send) : Self(self), Send(std::move(send)) {
   setMinimumSize(320, 168);
   setNoAntialiasingOnDrag(false);
   setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
-  plotLayout()->setMargins(QMargins(4, 2, 14, 2));
-  axisRect()->setMinimumMargins(QMargins(0, 8, 0, 0));
+  plotLayout()->setMargins(QMargins(4, 2, 4, 2));
+  // Half of the last label stands beyond the axis, and would be left out without room.
+  axisRect()->setMinimumMargins(
+      QMargins(0, 8, QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("0000.0"), 0));
   axisRect()->setRangeZoomFactor(Notch, Notch);
   for (QCPAxis *axis : {xAxis, yAxis})
     connect(axis, qOverload<const QCPRange &>(&QCPAxis::rangeChanged), this, [this] { Follow(); });

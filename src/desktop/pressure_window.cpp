@@ -96,9 +96,9 @@ PressureWindow::PressureWindow(Sender send, QWidget *parent) : QWidget(parent, Q
   right->setSpacing(8);
   right->addWidget(BuildChart(), 1);
   right->addWidget(BuildStrip());
-  right->addWidget(BuildTable());
   halves->addLayout(right, 1);
   column->addLayout(halves, 1);
+  column->addWidget(BuildTable());
   column->addWidget(Hairline());
   column->addWidget(BuildFoot());
 }
@@ -125,7 +125,7 @@ QWidget *PressureWindow::BuildInputs() {
   column->addLayout(fuel);
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(6);
+  grid->setVerticalSpacing(4);
   int row = 0;
   for (const InputRow &input : Inputs) {
     auto *label = new QLabel(input.Label);
@@ -162,7 +162,7 @@ QWidget *PressureWindow::BuildChart() {
   title->setFont(TypeFont(Type::Head));
   Chart = Bind(Controls, Ctl::My_Chart3, new PlotView(Ctl::My_Chart3, Controls.Send));
   Chart->setAccessibleName("Chart");
-  Reset = new QPushButton("Reset Zoom");
+  Reset = new QPushButton("Reset");
   Reset->setObjectName("Reset_Zoom");
   Reset->setToolTip("The whole chart again (0, double click); wheel, + and - zoom, a pull moves it");
   connect(Reset, &QPushButton::clicked, this, [this] { Chart->ShowWhole(); });
@@ -303,7 +303,7 @@ void PressureWindow::Copy(const Screen &screen, const Theme &theme) {
 }
 
 void PressureWindow::Place(const QRect &room) {
-  resize(QSize(1040, 760).expandedTo(minimumSizeHint()).boundedTo(room.size()));
+  resize(QSize(1040, 800).expandedTo(minimumSizeHint()).boundedTo(room.size()));
   move(room.right() - width() - std::min(24, room.width() - width()) + 1,
        room.top() + std::max(0, (room.height() - height()) / 2));
 }

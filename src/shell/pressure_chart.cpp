@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <fmt/format.h>
 
 namespace {
 
@@ -31,7 +32,8 @@ ChartOutcome Build(Workbench &bench, ChartKind kind) {
   state.Kind = kind;
   state.ChartNumber = TextOf(kind).Number;
   if (outcome != ChartOutcome::Drawn) return outcome;
-  if (state.Chart.TimeStep > 0) bench.Out[Ctl::Time_Intervals].Text = PlainText(state.Chart.TimeStep);
+  if (state.Chart.TimeStep > 0)
+    bench.Out[Ctl::Time_Intervals].Text = fmt::format("{:.6g}", state.Chart.TimeStep);
   ShowPlot(bench);
   return outcome;
 }
