@@ -26,10 +26,10 @@ TEST(Typing, ANumberAndTwoEntersDrawWhereOneAims) {
 TEST(Typing, PointsSnapUntilTheUserSaysOtherwise) {
   Journey j;
   j.Run(FiveKeys, PastIntro({"cmd 1", "click 0 0", "click 10 0", "key Escape", "cmd 1", "click 10.2 0.1",
-                             "click 10 8", "press AutoPoint", "click 0.2 0.1", "key Escape"}));
+                             "click 10 8", "press AutoPoint", "click 0.2 0.1", "click 3 3", "key Escape"}));
   ASSERT_EQ(j.Table.EntCount, 2);
-  EXPECT_EQ(RowAt(j.Table, 1).X1, 10);
-  EXPECT_NEAR(RowAt(j.Table, 2).X2, 0.2, 0.05);
+  EXPECT_EQ(RowAt(j.Table, 1).X1, RowAt(j.Table, 0).X2);
+  EXPECT_NEAR(RowAt(j.Table, 2).X1, 0.2, 0.05);
   EXPECT_NE(BytesOf(j.File("settings.ini")).find("AutoPoint=0"), std::string::npos);
 }
 
