@@ -81,8 +81,8 @@ PressureWindow::PressureWindow(Sender send, QWidget *parent) : QWidget(parent, Q
   Bind(Controls, Ctl::Pressure_Results, this);
   setAutoFillBackground(true);
   auto *column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 16, 16, 16);
-  column->setSpacing(12);
+  column->setContentsMargins(16, 16, 16, 12);
+  column->setSpacing(8);
   auto *charts = new SegmentRow;
   for (const Ctl control :
        {Ctl::KN_Chart, Ctl::Chart_Pressure, Ctl::Chart_Thrust, Ctl::Chart_Mass_Flow, Ctl::Mass_Flow_Rate,
@@ -213,6 +213,7 @@ QWidget *PressureWindow::BuildTable() {
   Table->setSelectionMode(QAbstractItemView::SingleSelection);
   Table->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   Table->setIconSize(QSize(32, 16));
+  Table->setStyleSheet("QTreeView::item { padding: 0 8px; }");
   Table->header()->setStretchLastSection(false);
   connect(Table, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
     if (item) PressItem(Ctl::Compare_Table, item->text(0));
@@ -222,14 +223,19 @@ QWidget *PressureWindow::BuildTable() {
 
 QWidget *PressureWindow::BuildFoot() {
   auto *foot = new QWidget;
-  auto *row = new QHBoxLayout(foot);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(8);
+  Foot = new QBoxLayout(QBoxLayout::TopToBottom, foot);
+  Foot->setContentsMargins(0, 0, 0, 0);
+  Foot->setSpacing(8);
+  auto *left = new QHBoxLayout, *right = new QHBoxLayout;
+  for (QHBoxLayout *row : {left, right}) {
+    row->setSpacing(8);
+    Foot->addLayout(row);
+  }
   for (const Ctl control : {Ctl::Keep_Result, Ctl::Load_Measured, Ctl::Compare_Remove})
-    row->addWidget(Button(Controls, control));
-  row->addStretch();
+    left->addWidget(Button(Controls, control));
+  left->addStretch();
   for (const Ctl control : {Ctl::Export_Eng, Ctl::Export_Channels, Ctl::Export_Report, Ctl::Pressure_Close})
-    row->addWidget(Button(Controls, control));
+    right->addWidget(Button(Controls, control));
   return foot;
 }
 
@@ -277,9 +283,9 @@ void PressureWindow::CopyTable(const TextTable &table, const Control &from, cons
       Table->header()->setSectionResizeMode(i, i == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
       Table->headerItem()->setTextAlignment(i, (i == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     }
-    const int rows = std::min<int>(static_cast<int>(table.Row.size()), 5);
-    if (rows > 0)
-      Table->setFixedHeight(Table->header()->sizeHint().height() + rows * Table->sizeHintForRow(0) + 6);
+    const int rows = static_cast<int>(table.Row.size()), heading = Table->header()->sizeHint().height() + 6;
+    Table->setMaximumHeight(heading + std::clamp(rows, 1, 6) * Table->sizeHintForRow(0));
+    Table->setMinimumHeight(heading + std::clamp(rows, 1, 2) * Table->sizeHintForRow(0));
   }
   Table->setVisible(!table.Row.empty());
   Table->setCurrentItem(from.Index < 0 ? nullptr : Table->topLevelItem(from.Index));
@@ -306,6 +312,21 @@ void PressureWindow::Place(const QRect &room) {
   resize(QSize(1040, 800).expandedTo(minimumSizeHint()).boundedTo(room.size()));
   move(room.right() - width() - std::min(24, room.width() - width()) + 1,
        room.top() + std::max(0, (room.height() - height()) / 2));
+}
+
+// Two rows of buttons where one has no room.
+void PressureWindow::resizeEvent(QResizeEvent *event) {
+  QWidget &foot = *Foot->parentWidget();
+  int wide = 0, widest = 0;
+  for (int i = 0; i < Foot->count(); ++i) {
+    const int need = Foot->itemAt(i)->minimumSize().width();
+    wide += need + 24;
+    widest = std::max(widest, need);
+  }
+  foot.setMinimumWidth(widest);
+  const auto wanted = wide <= width() - 32 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom;
+  if (Foot->direction() != wanted) Foot->setDirection(wanted);
+  QWidget::resizeEvent(event);
 }
 
 void PressureWindow::SendClose() {

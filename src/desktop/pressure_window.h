@@ -2,6 +2,7 @@
 #include "desktop/bindings.h"
 
 class PlotView;
+class QBoxLayout;
 class QComboBox;
 class QPushButton;
 class QTreeWidget;
@@ -17,6 +18,7 @@ public:
 protected:
   void closeEvent(QCloseEvent *) override;
   void keyPressEvent(QKeyEvent *) override;
+  void resizeEvent(QResizeEvent *) override;
 
 private:
   QWidget *BuildInputs();
@@ -34,6 +36,7 @@ private:
   QComboBox *Choice = nullptr;
   QTreeWidget *Table = nullptr;
   QPushButton *Reset = nullptr;
+  QBoxLayout *Foot = nullptr;
   TextTable TableShown;
   const Theme *TableTheme = nullptr;
 };

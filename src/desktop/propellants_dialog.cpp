@@ -75,6 +75,10 @@ FormDialog *MakePropellants(Sender send, QWidget *parent) {
   form->setColumnStretch(2, 1);
   halves->addLayout(form, 1);
   column->addLayout(halves);
+  dialog->Follow = [source](const Screen &) {
+    source->setToolTip(source->text());
+    if (!source->hasFocus()) source->setCursorPosition(0); // its beginning is to be read
+  };
   AddDialogButtons(*dialog, *column, Ctl::Fuel_OK, Ctl::Fuel_Cancel);
   return dialog;
 }

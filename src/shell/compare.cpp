@@ -80,16 +80,18 @@ Quantity QuantityOf(const PerformanceChart &chart) {
   }
 }
 
-std::string Figure(double value) {
-  return std::abs(value) < 1000 ? ShortFigure(value) : FormatMask(value, "##,##0");
+// The decimals of a column: four figures of its first value.
+const char *MaskOf(double first) {
+  return first >= 1000 ? "##,##0" : first >= 100 ? "0.0" : first >= 10 ? "0.00" : "0.000";
 }
 
-// The value, and how far it is from the first row's.
+// The value, and before it how far it is from the first row's.
 std::string Against(double value, double first, bool isFirst) {
-  if (isFirst || !(first > 0)) return Figure(value);
-  const double part = value / first - 1;
-  const std::string text = FormatMask(std::abs(part), "0.0%");
-  return Figure(value) + "  (" + (text == "0.0%" ? "" : part > 0 ? "+" : "\u2212") + text + ")";
+  const std::string figure = FormatMask(value, MaskOf(first > 0 ? first : value));
+  if (isFirst || !(first > 0)) return figure;
+  const double percent = 100 * (value / first - 1);
+  const std::string text = FormatMask(std::abs(percent), "0.0");
+  return (text == "0.0" ? "" : percent > 0 ? "+" : "\u2212") + text + " %   " + figure;
 }
 
 std::string FreshName(const Pressure &state, const std::string &name) {

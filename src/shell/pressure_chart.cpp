@@ -50,16 +50,16 @@ std::string Reading(double value) {
 
 // What the chart itself adds up to over its time.
 std::string OwnSum(const PerformanceChart &chart, const MotorFigures &f) {
-  std::string words = "The charts' own loop burns for " + ShortFigure(f.ChartBurnTime) + " s";
+  std::string words = "The charts' own loop: " + ShortFigure(f.ChartBurnTime) + " s";
   if (chart.OverDistance || chart.Value.empty() || !chart.Dist.size()) return words;
   double sum = 0;
   for (const float value : chart.Cursor)
     sum += static_cast<double>(value) * static_cast<double>(chart.TimeStep);
   switch (chart.Kind) {
-  case ChartKind::Chart_Thrust: return words + " and gives " + Reading(sum) + " N s";
-  case ChartKind::Chart_Pressure: return words + " and gives " + Reading(sum) + " MPa s";
+  case ChartKind::Chart_Thrust: return words + ", " + Reading(sum) + " N s";
+  case ChartKind::Chart_Pressure: return words + ", " + Reading(sum) + " MPa s";
   case ChartKind::Chart_Mass_Flow:
-  case ChartKind::Mass_Flow_Rate: return words + " and burns " + Reading(sum) + " g";
+  case ChartKind::Mass_Flow_Rate: return words + ", " + Reading(sum) + " g";
   default: return words;
   }
 }
@@ -100,8 +100,7 @@ void ShowStrip(Workbench &bench) {
   std::string &note = out[Ctl::Strip_Note].Text;
   note.clear();
   if (any && f.ChartBurnTime > 0)
-    note = OwnSum(state.Chart, f) +
-           ": it begins at the end of the first step and stops at the last row, so it comes out lower.";
+    note = OwnSum(state.Chart, f) + "; lower, since it begins after the first step and ends at the last row.";
 }
 
 // A round number of the chart's own kind that is no less.

@@ -23,8 +23,7 @@ TEST_F(PressureJourney, OpensOnTheKnChartWithItsValues) {
       "expect text burn_rate_n 0.3\nexpect text Density 1.7\nexpect text c_star 1500\nexpect text Isp 180\n"
       "expect text Throat_Diameter 15\nexpect text Exit_Diameter 30\nexpect text Time_Intervals 0.01\n"
       "expect text MyChart_3_Frame Kn Ratio / Burn Distance Chart   Dt=15.0\nexpect disabled Compare_Remove\n"
-      "expect disabled Pressure_Results.PEP_Simulation\nexpect text Pressure_Inputs "
-      "Grain && Nozzle && Propellant Input Parameters");
+      "expect text Pressure_Inputs Grain && Nozzle && Propellant Input Parameters");
   const Control &y = Screen()[Ctl::Y_Axis], &t = Screen()[Ctl::Time_Axis];
   ASSERT_EQ(y.Item.size(), 18u);
   ASSERT_EQ(t.Item.size(), 11u);
@@ -150,8 +149,8 @@ TEST_F(PressureJourney, ComparesKeptAndMeasured) {
   Play("expect disabled Keep_Result\ntype Throat_Diameter 14");
   ASSERT_EQ(Screen().My_Chart3.Curve.size(), 6u);
   ASSERT_EQ(Screen().Compare.Row.size(), 7u);
-  EXPECT_EQ(Screen().Compare.Row[1].Cell[1], Screen().Compare.Row[0].Cell[1] + "  (0.0%)");
-  EXPECT_NE(Screen().Compare.Row[6].Cell[1].find("(+"), std::string::npos);
+  EXPECT_EQ(Screen().Compare.Row[1].Cell[1], "0.0 %   " + Screen().Compare.Row[0].Cell[1]);
+  EXPECT_EQ(Screen().Compare.Row[6].Cell[1].front(), '+');
   for (std::size_t i = 0; i < 6; ++i)
     for (std::size_t j = 0; j < i; ++j)
       EXPECT_NE(Screen().My_Chart3.Curve[i].Colour, Screen().My_Chart3.Curve[j].Colour);
@@ -164,7 +163,7 @@ TEST_F(PressureJourney, ComparesKeptAndMeasured) {
   Play("press Load_Measured\nfile " + At("good.csv") + "\npress Load_Measured\nfile " + At("bad.csv") +
        "\nexpect box bad.csv: line 2\nbox OK\npress Load_Measured\nfile cancel");
   ASSERT_EQ(Screen().My_Chart3.Curve.size(), 6u);
-  EXPECT_EQ(Screen().Compare.Row.back().Cell[4].substr(0, 3), "125");
+  EXPECT_TRUE(Screen().Compare.Row.back().Cell[4].ends_with("  125")) << Screen().Compare.Row.back().Cell[4];
   Play("press Chart_Pressure");
   EXPECT_EQ(Screen().My_Chart3.Curve.size(), 5u) << "a measured thrust is no pressure";
 }
