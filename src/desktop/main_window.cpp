@@ -6,6 +6,7 @@
 #include "desktop/menus.h"
 #include "desktop/message_strip.h"
 #include "desktop/panes.h"
+#include "desktop/pep_window.h"
 #include "desktop/point_strip.h"
 #include "desktop/pressure_window.h"
 #include "desktop/property_pane.h"
@@ -68,6 +69,7 @@ MainWindow::MainWindow(Sender send) {
   Typing = new TypingCard(*Drawing, *points);
   Help = new HelpWindow(Controls.Send, this);
   Performance = new PressureWindow(Controls.Send, this);
+  Propellant = new PepWindow(Controls.Send, this);
   Drawing->setFocus();
 }
 
@@ -112,18 +114,19 @@ void MainWindow::FollowHelp(const Screen &shown) {
   Help->activateWindow();
 }
 
-void MainWindow::FollowPerformance(const Screen &shown, const Theme &theme) {
-  const bool wanted = shown[Ctl::Pressure_Results].Visible;
-  if (wanted || Performance->isVisible()) Performance->Copy(shown, theme);
-  if (wanted == Performance->isVisible()) return;
-  if (!wanted) return Performance->hide();
-  if (!Performance->testAttribute(Qt::WA_WState_Created)) Performance->Place(screen()->availableGeometry());
-  Performance->show();
-  Performance->activateWindow();
+// A window beside this one, shown and hidden as the core has it.
+template <class Beside>
+static void Follow(Beside &window, const Screen &shown, bool wanted, const Theme &theme) {
+  if (wanted || window.isVisible()) window.Copy(shown, theme);
+  if (wanted == window.isVisible()) return;
+  if (!wanted) return window.hide();
+  if (!window.testAttribute(Qt::WA_WState_Created)) window.Place(window.screen()->availableGeometry());
+  window.show();
+  window.activateWindow();
 }
 
 QWidget *MainWindow::FocusOn(Ctl control) {
-  for (const Bindings *bindings : {&Controls, &Performance->Controls}) {
+  for (const Bindings *bindings : {&Controls, &Performance->Controls, &Propellant->Controls}) {
     QWidget *widget = Find(*bindings, control);
     if (!widget) continue;
     if (widget->window() != this) widget->window()->activateWindow();
@@ -145,7 +148,8 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
   FollowHelp(screen);
-  FollowPerformance(screen, theme);
+  ::Follow(*Performance, screen, screen[Ctl::Pressure_Results].Visible, theme);
+  ::Follow(*Propellant, screen, screen[Ctl::PEP_SimA].Visible, theme);
   // What has the keys and goes gives them back to the drawing, not to whatever stands next to it.
   if (held && !held->isVisible() && isVisible()) Drawing->setFocus();
   ChartRow->setVisible(!AreaCell->isHidden() || !KnCell->isHidden());

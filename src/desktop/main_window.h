@@ -8,6 +8,7 @@
 
 class HelpWindow;
 class MessageStrip;
+class PepWindow;
 class PressureWindow;
 class QSplitter;
 class SidePane;
@@ -35,7 +36,6 @@ private:
   QWidget *BuildDrawing(); // what lies over it too
   QWidget *BuildCharts();
   void FollowHelp(const Screen &);
-  void FollowPerformance(const Screen &, const Theme &);
   Ctl UnderPointer() const; // the tool there, else the drawing
 
   DrawPanel *Drawing = nullptr;
@@ -47,6 +47,7 @@ private:
   TypingCard *Typing = nullptr;
   HelpWindow *Help = nullptr;
   PressureWindow *Performance = nullptr;
+  PepWindow *Propellant = nullptr;
   QSplitter *Rows = nullptr, *Columns = nullptr; // drawing over charts; both beside the side pane
   int SideWidth = 0, ChartHeight = 0;            // as last seen
 };

@@ -41,13 +41,13 @@ QPen PenOf(const PlotCurve &curve, const Theme &theme, double width) {
 PlotView::PlotView(Ctl self, Sender send) : Self(self), Send(std::move(send)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
-  setMinimumSize(320, 168);
+  setMinimumSize(320, 128);
   setNoAntialiasingOnDrag(false);
   setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
   plotLayout()->setMargins(QMargins(4, 2, 4, 2));
   // Half of the last label stands beyond the axis, and would be left out without room.
   axisRect()->setMinimumMargins(
-      QMargins(0, 8, QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("0000.0"), 0));
+      QMargins(0, 8, QFontMetrics(TypeFont(Type::Small)).horizontalAdvance("0000"), 0));
   axisRect()->setRangeZoomFactor(Notch, Notch);
   for (QCPAxis *axis : {xAxis, yAxis})
     connect(axis, qOverload<const QCPRange &>(&QCPAxis::rangeChanged), this, [this] { Follow(); });
@@ -95,10 +95,11 @@ void PlotView::Dress() {
 }
 
 bool PlotView::Whole() const {
-  return xAxis->range() == QCPRange(0, Shown.XEnd) && yAxis->range() == QCPRange(0, Shown.YTop);
+  return xAxis->range() == QCPRange(Shown.XBegin, Shown.XEnd) &&
+         yAxis->range() == QCPRange(Shown.YBegin, Shown.YTop);
 }
 
-void PlotView::ShowWhole() { Look(0, Shown.XEnd, 0, Shown.YTop); }
+void PlotView::ShowWhole() { Look(Shown.XBegin, Shown.XEnd, Shown.YBegin, Shown.YTop); }
 
 void PlotView::Look(double left, double right, double bottom, double top) {
   Following = true;
@@ -119,10 +120,11 @@ void PlotView::ZoomBy(double times) {
 void PlotView::Follow() {
   if (Following || !Colours) return;
   Following = true;
-  for (const auto &[axis, end] : {std::pair{xAxis, Shown.XEnd}, std::pair{yAxis, Shown.YTop}}) {
-    const double size = std::clamp(axis->range().size(), end / MostZoom, end);
-    const double from = std::clamp(axis->range().lower, 0.0, end - size);
-    axis->setRange(from, from + size);
+  for (const auto &[axis, begin, end] :
+       {std::tuple{xAxis, Shown.XBegin, Shown.XEnd}, std::tuple{yAxis, Shown.YBegin, Shown.YTop}}) {
+    const double whole = end - begin, size = std::clamp(axis->range().size(), whole / MostZoom, whole);
+    const double from = std::clamp(axis->range().lower, begin, std::max(begin, end - size));
+    axis->setRange(from, size < whole ? from + size : end);
   }
   Fill();
   Label();
@@ -134,6 +136,19 @@ void PlotView::Follow() {
 void PlotView::Fill() {
   clearPlottables();
   if (Shown.X.size() < 2) return;
+  if (Shown.Filled) FillArea();
+  for (const PlotCurve &curve : Shown.Curve) {
+    QCPGraph *graph = addGraph();
+    graph->setData(QVector<double>(curve.X.begin(), curve.X.end()),
+                   QVector<double>(curve.Y.begin(), curve.Y.end()), true);
+    graph->setAdaptiveSampling(false);
+    graph->setPen(PenOf(curve, *Colours, curve.Points ? 1.25 : 2));
+    if (curve.Points && curve.X.size() <= 200)
+      graph->setScatterStyle({QCPScatterStyle::ssDisc, Colours->Text, Colours->Text, 4});
+  }
+}
+
+void PlotView::FillArea() {
   const double from = std::max(xAxis->range().lower, Shown.X.front());
   const double to = std::min(xAxis->range().upper, Shown.X.back());
   const int pixels = std::max(2, axisRect()->width());
@@ -152,14 +167,6 @@ void PlotView::Fill() {
   line->setData(x, y, true);
   line->setAdaptiveSampling(false);
   line->setPen(QPen(ChartLine(*Colours, Shown.Fill), 1.75));
-  for (const PlotCurve &curve : Shown.Curve) {
-    QCPGraph *graph = addGraph();
-    graph->setData(QVector<double>(curve.X.begin(), curve.X.end()),
-                   QVector<double>(curve.Y.begin(), curve.Y.end()), true);
-    graph->setPen(PenOf(curve, *Colours, curve.Points ? 1.25 : 2));
-    if (curve.Points && curve.X.size() <= 200)
-      graph->setScatterStyle({QCPScatterStyle::ssDisc, Colours->Text, Colours->Text, 4});
-  }
 }
 
 void PlotView::Label() {
@@ -239,7 +246,7 @@ void PlotView::Point(double x) {
   Event e;
   e.What = Event::Kind::MouseMove;
   e.Target = Self;
-  e.X = std::clamp(x / Shown.XEnd, 0.0, 1.0);
+  e.X = std::clamp((x - Shown.XBegin) / (Shown.XEnd - Shown.XBegin), 0.0, 1.0);
   Send(e);
 }
 
@@ -298,9 +305,19 @@ void PlotView::CopyToClipboard(const QString &title) {
   painter.drawText(QRect(12, 0, width() - 24, head), Qt::AlignVCenter | Qt::AlignLeft, title);
   painter.drawPixmap(QRectF(0, head, width(), height()), plot, QRectF(plot.rect()));
   painter.end();
-  QString figures = QString::fromStdString(Shown.XTitle + "\t" + Shown.YTitle + "\n");
-  for (std::size_t i = 0; i < Shown.X.size(); ++i)
-    figures += QString::number(Shown.X[i], 'g', 9) + '\t' + QString::number(Shown.Y[i], 'g', 7) + '\n';
+  const auto lines = [this](const std::string &name, const std::vector<double> &x,
+                            const std::vector<double> &y) {
+    QString text = QString::fromStdString(Shown.XTitle + "\t" + name + "\n");
+    for (std::size_t i = 0; i < x.size(); ++i)
+      text += QString::number(x[i], 'g', 9) + '\t' + QString::number(y[i], 'g', 7) + '\n';
+    return text;
+  };
+  QString figures;
+  if (Shown.Filled)
+    figures = lines(Shown.YTitle, Shown.X, Shown.Y);
+  else
+    for (const PlotCurve &curve : Shown.Curve)
+      figures += lines(Shown.YTitle + " " + curve.Name, curve.X, curve.Y);
   auto *copied = new QMimeData;
   copied->setImageData(picture.toImage());
   copied->setText(figures);

@@ -29,6 +29,7 @@ protected:
 
 private:
   void Dress();
+  void FillArea();
   void Fill();   // the curves, as many points as there are pixels
   void Label();  // the plot's own labels on the whole, round figures on a part
   void Follow(); // after a change of the ranges

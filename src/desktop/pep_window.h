@@ -1,0 +1,54 @@
+#pragma once
+#include "desktop/bindings.h"
+
+class ElidedLabel;
+class IngredientPicker;
+class NozzleSketch;
+class PlotView;
+class QBoxLayout;
+class QComboBox;
+class QPlainTextEdit;
+class QProgressBar;
+class QTreeWidget;
+
+// PEP_SimA, beside the drawing: a propellant's ingredients at the left, what they give at the right.
+class PepWindow final : public QWidget {
+public:
+  PepWindow(Sender, QWidget *parent);
+  void Copy(const Screen &, const Theme &);
+  void Place(const QRect &room); // at its first opening
+  Bindings Controls;
+
+protected:
+  void closeEvent(QCloseEvent *) override;
+  void keyPressEvent(QKeyEvent *) override;
+
+private:
+  QWidget *BuildMix();
+  QWidget *BuildRun();
+  QWidget *BuildLook();
+  QWidget *BuildStrip();
+  QWidget *BuildGrid();
+  QWidget *BuildChart();
+  QWidget *BuildSweep();
+  QWidget *BuildFoot();
+  QLineEdit *Number(Ctl, const char *name, int digits);
+  void PressItem(Ctl, const QString &);
+  void CopyGrid(const TextTable &, int chosen);
+  void CopyKey(const Plot &, const Theme &); // what the curves are
+  void CopyChoice(QComboBox &, const Control &);
+  void SendClose();
+
+  std::vector<IngredientPicker *> Pickers;
+  QProgressBar *Progress = nullptr;
+  NozzleSketch *Sketch = nullptr;
+  QTreeWidget *Grid = nullptr;
+  PlotView *Chart = nullptr;
+  QLabel *Key = nullptr;
+  QPlainTextEdit *Words = nullptr;
+  QWidget *ChartCell = nullptr, *ReportCell = nullptr, *SweepRow = nullptr;
+  QComboBox *Raised = nullptr, *Lowered = nullptr;
+  TextTable GridShown;
+  unsigned KeyShown = 0;
+  const Theme *Colours = nullptr;
+};
