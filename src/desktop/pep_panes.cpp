@@ -1,3 +1,4 @@
+#include "desktop/curve_key.h"
 #include "desktop/elided_label.h"
 #include "desktop/figure_label.h"
 #include "desktop/ingredient_picker.h"
@@ -29,7 +30,7 @@ constexpr struct {
   const char *Caption, *Unit;
 } Figures[] = {{Ctl::Pep_Temperature, "Flame temperature", "K"},
                {Ctl::Pep_CStar, "c*", "m/s"},
-               {Ctl::Pep_Isp, "Isp here", "s"},
+               {Ctl::Pep_Isp, "Isp", "s"},
                {Ctl::Pep_Vacuum_Isp, "Vacuum Isp", "s"},
                {Ctl::Pep_Density_Isp, "Density Isp", "s g/cc"},
                {Ctl::Pep_Gamma, "Gamma", ""},
@@ -257,10 +258,8 @@ QWidget *PepWindow::BuildChart() {
     curves->Add(Button(Controls, c));
   for (const Ctl c : {Ctl::Chem_Report, Ctl::Ing_Input, Ctl::Report1, Ctl::Report2, Ctl::ThermoChem_Report})
     reports->Add(Button(Controls, c));
-  auto *choices = Row(16);
-  choices->addWidget(curves, 3);
-  choices->addWidget(reports, 2);
-  column->addLayout(choices);
+  column->addWidget(curves);
+  column->addWidget(reports);
   SweepRow = BuildSweep();
   column->addWidget(SweepRow);
 
@@ -270,11 +269,7 @@ QWidget *PepWindow::BuildChart() {
   chart->setSpacing(4);
   auto *title = Bind(Controls, Ctl::Pep_Chart_Title, new ElidedLabel);
   title->setFont(TypeFont(Type::Head));
-  Key = new QLabel;
-  Key->setObjectName("Pep_Chart_Key");
-  Key->setTextFormat(Qt::RichText);
-  Key->setWordWrap(true);
-  Key->setFont(TypeFont(Type::Small));
+  Key = new CurveKey;
   Chart = Bind(Controls, Ctl::Pep_Chart, new PlotView(Ctl::Pep_Chart, Controls.Send));
   Chart->setAccessibleName("Chart");
   auto *copy = Slim(new QPushButton("Copy"));
@@ -318,9 +313,10 @@ QWidget *PepWindow::BuildChart() {
 
 QWidget *PepWindow::BuildSweep() {
   auto *pane = new QWidget;
-  auto *row = new QHBoxLayout(pane);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(8);
+  auto *grid = new QGridLayout(pane);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(4);
   const auto list = [this](Ctl control, const char *name) {
     auto *box = Bind(Controls, control, new QComboBox);
     box->setAccessibleName(name);
@@ -332,17 +328,17 @@ QWidget *PepWindow::BuildSweep() {
   };
   Raised = list(Ctl::Sweep_Raised, "Raised");
   Lowered = list(Ctl::Sweep_Lowered, "Taken from");
-  row->addWidget(new QLabel("Raise"));
-  row->addWidget(Raised, 1);
-  row->addWidget(new QLabel("from"));
-  row->addWidget(Number(Ctl::Sweep_From, "From", 5));
-  row->addWidget(new QLabel("to"));
-  row->addWidget(Number(Ctl::Sweep_To, "To", 5));
-  row->addWidget(new QLabel("by"));
-  row->addWidget(Number(Ctl::Sweep_Step, "By", 4));
-  row->addWidget(new QLabel("g, from"));
-  row->addWidget(Lowered, 1);
-  row->addWidget(Slim(Button(Controls, Ctl::Run_Sweep)));
+  QWidget *const first[] = {new QLabel("Raise"),   Raised,
+                            new QLabel("from"),    Number(Ctl::Sweep_From, "From", 5),
+                            new QLabel("to"),      Number(Ctl::Sweep_To, "To", 5),
+                            new QLabel("by"),      Number(Ctl::Sweep_Step, "By", 4),
+                            Quiet(new QLabel("g"))};
+  int column = 0;
+  for (QWidget *part : first) grid->addWidget(part, 0, column++);
+  grid->addWidget(new QLabel("Lower"), 1, 0);
+  grid->addWidget(Lowered, 1, 1);
+  grid->addWidget(Slim(Button(Controls, Ctl::Run_Sweep)), 1, 2, 1, 4);
+  grid->setColumnStretch(1, 1);
   return pane;
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/pep_window.h"
 
+#include "desktop/curve_key.h"
 #include "desktop/ingredient_picker.h"
 #include "desktop/nozzle_sketch.h"
 #include "desktop/panes.h"
@@ -23,12 +24,6 @@ void SetMark(QWidget &field, bool bad) {
   field.setProperty("bad", bad);
   field.style()->unpolish(&field);
   field.style()->polish(&field);
-}
-
-QString SpanOf(const PlotCurve &curve, const Theme &theme) {
-  const QColor colour = PenOf(curve, theme, 1).color();
-  return QString("<span style='color:%1'>\u2501\u2501</span>\u00a0%2")
-      .arg(colour.name(), QString::fromStdString(curve.Name).toHtmlEscaped());
 }
 } // namespace
 
@@ -115,11 +110,9 @@ void PepWindow::CopyGrid(const TextTable &table, int chosen) {
 void PepWindow::CopyKey(const Plot &plot, const Theme &theme) {
   if (KeyShown == plot.Number && Colours == &theme) return;
   KeyShown = plot.Number;
-  QStringList parts;
-  if (plot.Curve.size() > 1)
-    for (const PlotCurve &curve : plot.Curve) parts += SpanOf(curve, theme);
-  Key->setText(parts.join(" &nbsp; "));
-  Key->setVisible(!parts.isEmpty());
+  const bool any = plot.Curve.size() > 1;
+  if (any) Key->Copy(plot.Curve, theme);
+  Key->setVisible(any);
 }
 
 void PepWindow::CopyChoice(QComboBox &list, const Control &from) {

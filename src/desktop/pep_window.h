@@ -1,11 +1,10 @@
 #pragma once
 #include "desktop/bindings.h"
 
-class ElidedLabel;
+class CurveKey;
 class IngredientPicker;
 class NozzleSketch;
 class PlotView;
-class QBoxLayout;
 class QComboBox;
 class QPlainTextEdit;
 class QProgressBar;
@@ -44,7 +43,7 @@ private:
   NozzleSketch *Sketch = nullptr;
   QTreeWidget *Grid = nullptr;
   PlotView *Chart = nullptr;
-  QLabel *Key = nullptr;
+  CurveKey *Key = nullptr;
   QPlainTextEdit *Words = nullptr;
   QWidget *ChartCell = nullptr, *ReportCell = nullptr, *SweepRow = nullptr;
   QComboBox *Raised = nullptr, *Lowered = nullptr;

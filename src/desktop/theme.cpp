@@ -141,6 +141,9 @@ QLineEdit[plain="true"] { background: @Window; border-color: @Hairline; }
 QLineEdit[bad="true"] { border: 2px solid @Gone; padding: 4px 7px; }
 QLabel[bad="true"] { color: @Gone; }
 #ToolCard { background: @Field; border: 1px solid @Hairline; border-radius: 8px; }
+#Result_Grid::item:selected { border-radius: 0; }
+#Result_Grid QHeaderView::section { padding: 6px 3px; }
+#Pep_Warning { background: @Notice; border: 1px solid @Hairline; border-radius: 8px; }
 #sbStatusBar { color: @Quiet; }
 *[hairline="true"] { background: @Hairline; }
 *[quiet="true"] { color: @Quiet; }

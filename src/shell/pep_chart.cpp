@@ -15,8 +15,9 @@ constexpr std::uint32_t Rgb(std::uint32_t r, std::uint32_t g, std::uint32_t b) {
   return r | g << 8 | b << 16;
 }
 // Colours that stay apart for every eye.
-constexpr std::array<std::uint32_t, 6> Colours{Rgb(0, 114, 178),   Rgb(213, 94, 0),  Rgb(0, 158, 115),
-                                               Rgb(204, 121, 167), Rgb(230, 159, 0), Rgb(86, 180, 233)};
+constexpr std::array<std::uint32_t, 8> Colours{Rgb(0, 114, 178),   Rgb(213, 94, 0),  Rgb(0, 158, 115),
+                                               Rgb(204, 121, 167), Rgb(230, 159, 0), Rgb(86, 180, 233),
+                                               Rgb(125, 125, 125), Rgb(140, 86, 75)};
 constexpr std::size_t MostSpecies = 8;
 
 using Figure = PepFigures::Figure;
@@ -129,7 +130,7 @@ void SetHeights(Plot &plot, bool fromZero) {
 
 void ShowResultGrid(Workbench &bench) {
   TextTable grid;
-  grid.Head = {"Pc MPa", "T K", "c* m/s", "Isp s", "Isp frozen s", "Gamma", "M gas", "Condensed %"};
+  grid.Head = {"Pc MPa", "T K", "c* m/s", "Isp s", "Frozen s", "Gamma", "M gas", "Cond. %"};
   for (const PepFigures &f : bench.Pep.Figures) {
     const std::string mark = f.Converged ? "" : "* ";
     grid.Row.push_back(

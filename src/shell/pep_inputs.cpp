@@ -22,7 +22,7 @@ std::optional<std::size_t> RowFrom(Ctl first, Ctl control) {
 
 std::string NoteOf(const IngredientRecord &record) {
   const std::string confidence = record.Confidence == "C" ? "C, estimated" : record.Confidence;
-  return FormulaText(record) + "   " + FormatMask(record.HeatOfFormation, "0.#") + " cal/g   " +
+  return FormulaText(record) + "   " + PlainText(RoundPlaces(record.HeatOfFormation, 1)) + " cal/g   " +
          FormatMask(record.Density * GccPerLbIn3, "0.000") + " g/cc" +
          (confidence.empty() ? "" : "   " + confidence);
 }

@@ -143,7 +143,7 @@ void TypeEfficiency(Workbench &bench, const std::string &text) {
       Typed(bench, Ctl::Nozzle_Angle_Eff, text, 0.63, 1, "The nozzle's efficiency must be a number");
   if (!part) return;
   bench.Pep.HalfAngle = std::acos(2 * *part - 1) * 180 / Pi;
-  bench.Out[Ctl::Nozzle_Half_Angle].Text = FormatMask(bench.Pep.HalfAngle, "0.##");
+  bench.Out[Ctl::Nozzle_Half_Angle].Text = PlainText(RoundPlaces(bench.Pep.HalfAngle, 2));
   bench.Out[Ctl::Nozzle_Half_Angle].Hint.clear();
   UpdateReports(bench);
 }
@@ -194,8 +194,8 @@ void OpenPick(Workbench &bench) {
   range(Ctl::Frozen_Shifting_Slider, 0, 1, ShiftingSteps, state.Shifting);
   SetShown(bench, Ctl::Pc_Slider_Selection, FormatMask(state.Pressure, "0.00"));
   SetShown(bench, Ctl::Pa_Slider_Selection, FormatMask(state.Ambient, "0.00"));
-  SetShown(bench, Ctl::Exp_Rat_Slider_Selection, FormatMask(state.Ratio, "0.##"));
-  SetShown(bench, Ctl::Nozzle_Half_Angle, FormatMask(state.HalfAngle, "0.##"));
+  SetShown(bench, Ctl::Exp_Rat_Slider_Selection, PlainText(RoundPlaces(state.Ratio, 2)));
+  SetShown(bench, Ctl::Nozzle_Half_Angle, PlainText(RoundPlaces(state.HalfAngle, 2)));
   SetShown(bench, Ctl::Nozzle_Angle_Eff, FormatMask(EfficiencyOf(state.HalfAngle), "0.0000"));
   ShowPressure(bench);
   ShowAmbient(bench);
@@ -238,7 +238,7 @@ bool ChangePick(Workbench &bench, Ctl control, const std::string &text) {
     break;
   case Ctl::Expansion_Ratio:
     state.Ratio = SliderValue(bench, control, text) / RatioSteps;
-    SetShown(bench, Ctl::Exp_Rat_Slider_Selection, FormatMask(state.Ratio, "0.##"));
+    SetShown(bench, Ctl::Exp_Rat_Slider_Selection, PlainText(RoundPlaces(state.Ratio, 2)));
     ShowRatio(bench);
     break;
   case Ctl::Frozen_Shifting_Slider:

@@ -11,25 +11,31 @@
 
 namespace {
 
-constexpr int FitDegree = 2;
+constexpr int FitDegree = 3;
 
-// A figure as a polynomial of the chamber pressure, with the farthest that a case lies from it.
+// A figure as a polynomial of the logarithm of the chamber pressure, with the farthest that a case lies from
+// it.
 std::string FitLine(const Thermo &state, const char *name, const char *unit, const auto &of) {
   std::vector<double> x, y;
   for (const PepFigures &f : state.Figures) {
     const PepFigures::Figure value = of(f);
     if (!value) continue;
-    x.push_back(f.ChamberPressure);
+    x.push_back(std::log(f.ChamberPressure));
     y.push_back(*value);
   }
   const auto fit = LeastSquaresPoly(x, y, FitDegree);
   if (!fit) return fmt::format("{}: {}", name, LeastSquaresMessage);
-  const auto at = [&](double p) { return (*fit)[0] + p * ((*fit)[1] + p * (*fit)[2]); };
   double farthest = 0;
-  for (std::size_t i = 0; i < x.size(); ++i) farthest = std::max(farthest, std::abs(at(x[i]) - y[i]));
-  return fmt::format("{} = {:.7g} {} {:.5g} p {} {:.5g} p^2 {}, p in MPa, within {:.2g} of every case", name,
-                     (*fit)[0], (*fit)[1] < 0 ? "-" : "+", std::abs((*fit)[1]), (*fit)[2] < 0 ? "-" : "+",
-                     std::abs((*fit)[2]), unit, farthest);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    double there = 0;
+    for (int k = FitDegree; k >= 0; --k) there = there * x[i] + (*fit)[static_cast<std::size_t>(k)];
+    farthest = std::max(farthest, std::abs(there - y[i]));
+  }
+  std::string text = fmt::format("{} = {:.6g}", name, (*fit)[0]);
+  for (std::size_t k = 1; k < fit->size(); ++k)
+    text += fmt::format(" {} {:.5g} L{}", (*fit)[k] < 0 ? "-" : "+", std::abs((*fit)[k]),
+                        k > 1 ? fmt::format("^{}", k) : "");
+  return text + fmt::format(" {}, L = ln of the MPa, within {:.2g}", unit, farthest);
 }
 
 Report MakeReport(const Thermo &state) {
