@@ -125,6 +125,13 @@ static void Follow(Beside &window, const Screen &shown, bool wanted, const Theme
   window.activateWindow();
 }
 
+QWidget *MainWindow::WindowOf(Ctl control) {
+  for (const Bindings *bindings : {&Performance->Controls, &Propellant->Controls})
+    if (QWidget *widget = Find(*bindings, control); widget && widget->window()->isVisible())
+      return widget->window();
+  return this;
+}
+
 QWidget *MainWindow::FocusOn(Ctl control) {
   for (const Bindings *bindings : {&Controls, &Performance->Controls, &Propellant->Controls}) {
     QWidget *widget = Find(*bindings, control);

@@ -23,7 +23,8 @@ public:
   void Tell(const QString &text, const char *icon); // without stopping the user
   WindowPlace Place();
   void Restore(const WindowPlace &);
-  QWidget *FocusOn(Ctl); // brings its window to the front; null: it is in none of them
+  QWidget *WindowOf(Ctl); // the one of ours that holds it and is open, else this
+  QWidget *FocusOn(Ctl);  // brings its window to the front; null: it is in none of them
   Bindings Controls;
 
 protected:

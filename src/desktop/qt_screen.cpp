@@ -79,6 +79,7 @@ QtScreen::~QtScreen() = default;
 void QtScreen::Send(const Event &event) {
   if (!OnEvent) return;
   if (Window && Window->isVisible()) MainPlace = Window->Place();
+  if (Open.empty()) Used = event.Target;
   OnEvent(event);
   Mirror();
 }
@@ -120,12 +121,16 @@ void QtScreen::Mirror() {
   }
 }
 
-// What a question belongs to: the dialog that is open, else the window that has the keys.
+// What a question belongs to: the dialog that is open, else the window that was used last.
 QWidget *QtScreen::Front() const {
   if (!Open.empty()) return Open.back();
-  QWidget *const active = QApplication::activeWindow();
-  const bool ours = active && Window && active->parentWidget() == Window.get() && !active->isModal();
-  return ours ? active : Window.get();
+  return Window ? Window->WindowOf(Used) : nullptr;
+}
+
+// Windows beside the main one do not get the keys back by themselves everywhere.
+void QtScreen::Return() const {
+  QWidget *const front = Front();
+  if (front && front != Window.get()) front->activateWindow();
 }
 
 Answer QtScreen::Ask(const Box &box) {
@@ -157,6 +162,7 @@ Answer QtScreen::Ask(const Box &box) {
     grid->setVerticalSpacing(20);
   }
   const int pressed = message.exec();
+  Return();
   for (const Offer &offer : Offers)
     if (offer.Button == pressed) return offer.Means;
   return Answer::Cancel;
@@ -184,7 +190,9 @@ std::optional<std::string> QtScreen::AskFile(FileUse use, std::string_view filte
     dialog.setDirectory(file.absolutePath());
     dialog.selectFile(file.fileName());
   }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  Return();
+  if (!accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().first().toStdString();
 }
 

@@ -30,12 +30,14 @@ public:
 
 private:
   QWidget *Front() const;
+  void Return() const;
 
   QApplication &App;
   std::unique_ptr<MainWindow> Window;
   std::unique_ptr<Splash> SplashWindow;
   std::vector<FormDialog *> Open;
   const Theme *Colours = nullptr;
+  Ctl Used = Ctl::Count; // of the last event outside of a dialog
   bool WasShown = false;
   LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }};
 };

@@ -370,7 +370,10 @@ Outcome Perform(Player &player, const QString &line) {
   if (QStringList{"checked", "unchecked", "visible", "hidden", "enabled", "disabled"}.contains(verb))
     return State(verb, name);
   if (verb == "key") {
-    QWidget *front = Front();
+    QWidget *front = QApplication::activeModalWidget() ? Front() : QApplication::activeWindow();
+    for (QWidget *window : QApplication::topLevelWidgets()) // without a window manager none may be active
+      if (!front && window->isVisible() && window->parentWidget()) front = window;
+    if (!front) front = Front();
     if (!front) return {Step::Later, "no window"};
     QTest::keySequence(front->windowHandle(), QKeySequence(line.section(' ', 1)));
     return {};
