@@ -14,6 +14,9 @@ auto FrameOf(const DrawSurface &s) {
   return std::tie(s.Left, s.Top, s.Width, s.Height, s.GrainRadius, s.Ground, s.ContourFrom, s.ContourTo,
                   s.Core);
 }
+constexpr int SnapNameTime = 450;            // ms
+constexpr double SnapNameRest = 300.0 / 450; // of it, before anything is seen
+
 bool SameFrame(const DrawSurface &a, const DrawSurface &b) { return FrameOf(a) == FrameOf(b); }
 
 void CopyFrame(const DrawSurface &from, DrawSurface &to) {
@@ -28,6 +31,12 @@ DrawPanel::DrawPanel(Sender send) : Send(std::move(send)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMinimumSize(240, 140);
   setCursor(Qt::CrossCursor);
+  NameSeen.setKeyValues({{0, 0.0}, {SnapNameRest, 0.0}, {1, 1.0}});
+  NameSeen.setDuration(SnapNameTime);
+  connect(&NameSeen, &QVariantAnimation::valueChanged, this, [this](const QVariant &seen) {
+    if (seen.toDouble() > 0)
+      update(PixelBounds(Shown.Overlay, FitView(Shown, size()), size()).toAlignedRect());
+  });
 }
 
 void DrawPanel::Copy(const DrawSurface &surface, const Theme &theme) {
@@ -64,12 +73,23 @@ void DrawPanel::CopyOverlay(const DrawSurface &surface) {
   touch(Shown.Overlay);
   Shown.Overlay = surface.Overlay;
   touch(Shown.Overlay);
+  RestSnapName();
   // While only the overlay moves, the rest has come to stay.
   if (!Still.isNull() && StillCount < Shown.Item.size()) {
     PaintStill(StillCount, Shown.Item.size());
     StillCount = Shown.Item.size();
   }
   update(touched);
+}
+
+// A name that was not there before rests anew.
+void DrawPanel::RestSnapName() {
+  const auto found = std::find_if(Shown.Overlay.begin(), Shown.Overlay.end(), IsSnapName);
+  const DrawItem name = found == Shown.Overlay.end() ? DrawItem{} : *found;
+  if (name == SnapName) return;
+  SnapName = name;
+  NameSeen.stop();
+  if (!name.Text.empty()) NameSeen.start();
 }
 
 void DrawPanel::CopyFlash(const DrawSurface &surface) {
@@ -104,7 +124,7 @@ void DrawPanel::paintEvent(QPaintEvent *) {
   painter.drawPixmap(0, 0, Still);
   PaintItems(painter, std::span(Shown.Item).subspan(StillCount), Shown, view, size(), *Colours);
   PaintContourScale(painter, Shown, size(), *Colours);
-  PaintItems(painter, Shown.Overlay, Shown, view, size(), *Colours);
+  PaintItems(painter, Shown.Overlay, Shown, view, size(), *Colours, NameSeen.currentValue().toDouble());
   PaintItems(painter, Shown.Flash, Shown, view, size(), *Colours);
 }
 

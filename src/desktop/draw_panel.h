@@ -3,6 +3,7 @@
 #include "platform/event.h"
 
 #include <QPixmap>
+#include <QVariantAnimation>
 #include <QWidget>
 #include <functional>
 
@@ -38,6 +39,7 @@ private:
   bool CopyStill(const DrawSurface &, const Theme &);
   void CopyOverlay(const DrawSurface &);
   void CopyFlash(const DrawSurface &);
+  void RestSnapName();
   void PaintStill(std::size_t from, std::size_t end); // items from .. end-1; from 0 the ground too
 
   Sender Send;
@@ -47,4 +49,6 @@ private:
   std::size_t StillCount = 0; // of Shown.Item, in Still
   int StillPaints = 0;
   QPoint Pointer;
+  DrawItem SnapName;          // the one shown, or none
+  QVariantAnimation NameSeen; // comes in a while after its snap, so that a passing pointer is left alone
 };

@@ -181,8 +181,12 @@ void PaintGround(QPainter &painter, const DrawSurface &surface, const SurfaceVie
   painter.restore();
 }
 
+bool IsSnapName(const DrawItem &item) {
+  return item.What == DrawItem::Kind::Label && item.Role == Ink::Guide;
+}
+
 void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSurface &surface,
-                const SurfaceView &view, QSizeF pixels, const Theme &theme) {
+                const SurfaceView &view, QSizeF pixels, const Theme &theme, double snapNames) {
   const ContourForm form = FormOf(surface.Item, (surface.ContourTo - surface.ContourFrom) * view.Scale);
   QPainterPath disc;
   disc.addEllipse(Around(view.ToPixels(0, 0), surface.GrainRadius * view.Scale));
@@ -232,8 +236,12 @@ void PaintItems(QPainter &painter, std::span<const DrawItem> items, const DrawSu
   painter.setClipping(false);
   auto plate = LabelPlates(items, view, pixels);
   auto next = plate.begin();
-  for (const DrawItem &item : items)
-    if (item.What == DrawItem::Kind::Label) PaintLabel(painter, item, *next++, theme);
+  for (const DrawItem &item : items) {
+    if (item.What != DrawItem::Kind::Label) continue;
+    painter.setOpacity(IsSnapName(item) ? snapNames : 1);
+    PaintLabel(painter, item, *next++, theme);
+  }
+  painter.setOpacity(1);
 }
 
 QRectF PixelBounds(std::span<const DrawItem> items, const SurfaceView &view, QSizeF pixels) {

@@ -14,9 +14,11 @@ struct SurfaceView {
 SurfaceView FitView(const DrawSurface &, QSizeF pixels);
 
 void PaintGround(QPainter &, const DrawSurface &, const SurfaceView &, QSizeF pixels, const Theme &);
-// Some of the surface's items, in their order; labels last, on plates that stay inside the panel.
+bool IsSnapName(const DrawItem &);
+// Some of the surface's items, in their order; labels last, on plates that stay inside the panel. Names of
+// snaps are seen as far as told, 0 to 1.
 void PaintItems(QPainter &, std::span<const DrawItem>, const DrawSurface &, const SurfaceView &,
-                QSizeF pixels, const Theme &);
+                QSizeF pixels, const Theme &, double snapNames = 1);
 QRectF PixelBounds(std::span<const DrawItem>, const SurfaceView &, QSizeF pixels); // of strokes and plates
 void PaintContourScale(QPainter &, const DrawSurface &, QSizeF pixels,
                        const Theme &); // nothing without contours
