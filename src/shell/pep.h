@@ -46,6 +46,7 @@ struct Thermo {
   bool Sweeping = false; // the chart is of the sweep
   std::vector<PepSweepPoint> Sweep;
   std::string SweepTitle, SweepTrouble;
+  double SweepPressure = 0; // MPa, at which it was made
 
   PepReport Kind = PepReport::None; // None: the chart is shown
   Report Shown;

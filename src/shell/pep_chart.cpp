@@ -168,10 +168,10 @@ void ShowPepChart(Workbench &bench) {
   const std::vector<Row> rows = RowsOf(state);
   bench.Out[Ctl::Pep_Chart_Title].Text =
       std::string(words.Title) + (state.Sweeping
-                                      ? state.SweepTitle.empty() ? " over weight" : state.SweepTitle
+                                      ? " over weight, at " + FormatMask(state.SweepPressure, "0.00") + " MPa"
                                       : " over chamber pressure");
   if (rows.size() > 1 && rows.back().X > rows.front().X) {
-    plot.XTitle = state.Sweeping ? "Weight, g" : "Chamber pressure, MPa";
+    plot.XTitle = state.Sweeping ? state.SweepTitle : "Chamber pressure, MPa";
     plot.YTitle = words.YTitle;
     plot.XBegin = rows.front().X;
     plot.XEnd = rows.back().X;

@@ -128,6 +128,7 @@ void ToggleSweep(Workbench &bench) {
   state.Sweeping = !state.Sweeping;
   state.Kind = PepReport::None;
   if (state.Sweeping) {
+    if (state.Sweep.empty()) state.SweepPressure = state.Pressure;
     ShowSweepChoices(bench);
     OfferSpan(bench);
   }
@@ -147,8 +148,8 @@ void RunSweep(Workbench &bench) {
   if (!state.SweepTrouble.empty()) return;
   state.SweepTrouble = WarningOf(points);
   state.Sweep = std::move(points);
-  state.SweepTitle = " over the weight of " + bench.Out[Ctl::Sweep_Raised].Text + ", taken from " +
-                     bench.Out[Ctl::Sweep_Lowered].Text + ", at " + FormatMask(state.Pressure, "0.00") +
-                     " MPa";
+  state.SweepTitle = "Weight of " + bench.Out[Ctl::Sweep_Raised].Text + ", g, taken from " +
+                     bench.Out[Ctl::Sweep_Lowered].Text;
+  state.SweepPressure = state.Pressure;
   ShowPepChart(bench);
 }

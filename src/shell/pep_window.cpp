@@ -171,10 +171,10 @@ std::string Notice(Workbench &bench) {
 
 std::string Warnings(const Thermo &state) {
   std::string text;
-  if (state.Sweeping) return state.SweepTrouble;
   if (state.Run.Done)
     for (const std::string &warning : PepWarnings(state.Run, state.Files))
       text += (text.empty() ? "" : "\n") + warning;
+  if (state.Sweeping && !state.SweepTrouble.empty()) text += (text.empty() ? "" : "\n") + state.SweepTrouble;
   return text;
 }
 
