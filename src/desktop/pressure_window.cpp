@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTreeWidget>
@@ -81,7 +82,7 @@ PressureWindow::PressureWindow(Sender send, QWidget *parent) : QWidget(parent, Q
   Bind(Controls, Ctl::Pressure_Results, this);
   setAutoFillBackground(true);
   auto *column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 16, 16, 12);
+  column->setContentsMargins(16, 12, 16, 12);
   column->setSpacing(8);
   auto *charts = new SegmentRow;
   for (const Ctl control :
@@ -90,7 +91,7 @@ PressureWindow::PressureWindow(Sender send, QWidget *parent) : QWidget(parent, Q
     charts->Add(Button(Controls, control));
   column->addWidget(charts);
   auto *halves = new QHBoxLayout;
-  halves->setSpacing(16);
+  halves->setSpacing(12);
   halves->addWidget(BuildInputs());
   auto *right = new QVBoxLayout;
   right->setSpacing(8);
@@ -189,8 +190,8 @@ QWidget *PressureWindow::BuildStrip() {
   auto *strip = new QWidget;
   auto *grid = new QGridLayout(strip);
   grid->setContentsMargins(0, 4, 0, 0);
-  grid->setHorizontalSpacing(16);
-  grid->setVerticalSpacing(6);
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(4);
   int place = 0;
   for (const auto &f : Figures) {
     auto *figure = Bind(Controls, f.Control, new FigureLabel(f.Caption, f.Unit));
@@ -285,7 +286,7 @@ void PressureWindow::CopyTable(const TextTable &table, const Control &from, cons
     }
     const int rows = static_cast<int>(table.Row.size()), heading = Table->header()->sizeHint().height() + 6;
     Table->setMaximumHeight(heading + std::clamp(rows, 1, 6) * Table->sizeHintForRow(0));
-    Table->setMinimumHeight(heading + std::clamp(rows, 1, 2) * Table->sizeHintForRow(0));
+    Table->setMinimumHeight(heading + std::clamp(rows, 1, LowScreen() ? 1 : 2) * Table->sizeHintForRow(0));
   }
   Table->setVisible(!table.Row.empty());
   Table->setCurrentItem(from.Index < 0 ? nullptr : Table->topLevelItem(from.Index));
@@ -302,11 +303,17 @@ void PressureWindow::Copy(const Screen &screen, const Theme &theme) {
     box->setToolTip(why);
     box->setPlaceholderText({});
   }
+  if (auto *note = qobject_cast<QLabel *>(Find(Controls, Ctl::Strip_Note))) {
+    note->setVisible(!LowScreen());
+    note->parentWidget()->setToolTip(note->text());
+  }
   if (QWidget *note = Find(Controls, Ctl::Input_Note)) SetMark(*note, screen[Ctl::Input_Note].Checked);
   CopyChoice(screen[Ctl::Propellant_Choice]);
   CopyTable(screen.Compare, screen[Ctl::Compare_Table], theme);
   Chart->Copy(screen.My_Chart3, screen[Ctl::Y_Axis].Item, screen[Ctl::Time_Axis].Item, theme);
 }
+
+bool PressureWindow::LowScreen() const { return screen()->availableGeometry().height() < 600; }
 
 void PressureWindow::Place(const QRect &room) {
   resize(QSize(1040, 800).expandedTo(minimumSizeHint()).boundedTo(room.size()));
@@ -320,7 +327,7 @@ void PressureWindow::resizeEvent(QResizeEvent *event) {
   int wide = 0, widest = 0;
   for (int i = 0; i < Foot->count(); ++i) {
     const int need = Foot->itemAt(i)->minimumSize().width();
-    wide += need + 24;
+    wide += need + 8;
     widest = std::max(widest, need);
   }
   foot.setMinimumWidth(widest);

@@ -28,6 +28,7 @@ private:
   QWidget *BuildFoot();
   void CopyChoice(const Control &);
   void CopyTable(const TextTable &, const Control &, const Theme &);
+  bool LowScreen() const; // has room for the least only
   void SendClose();
   void PressItem(Ctl, const QString &);
 
