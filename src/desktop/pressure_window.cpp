@@ -1,5 +1,6 @@
 #include "desktop/pressure_window.h"
 
+#include "desktop/compare_rows.h"
 #include "desktop/elided_label.h"
 #include "desktop/figure_label.h"
 #include "desktop/panes.h"
@@ -11,7 +12,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -48,26 +48,6 @@ constexpr struct {
                {Ctl::Motor_Mass, "Propellant", "g"},
                {Ctl::Motor_Isp, "Delivered Isp", "s"},
                {Ctl::Motor_Balance, "Mass balance", "%"}};
-
-QPixmap Key(const PlotCurve &curve, const Theme &theme, double ratio) {
-  QPixmap key(QSize(32, 16) * ratio);
-  key.setDevicePixelRatio(ratio);
-  key.fill(Qt::transparent);
-  QPainter painter(&key);
-  painter.setRenderHint(QPainter::Antialiasing);
-  if (curve.Dash < 0) {
-    painter.fillRect(QRectF(0, 3, 32, 10), ChartFill(theme, curve.Colour));
-    painter.setPen(PenOf(curve, theme, 2));
-    painter.drawLine(QPointF(0, 3), QPointF(32, 3));
-    return key;
-  }
-  painter.setPen(PenOf(curve, theme, 2));
-  painter.drawLine(QPointF(0, 8), QPointF(32, 8));
-  if (!curve.Points) return key;
-  painter.setBrush(theme.Text);
-  for (const double x : {6.0, 16.0, 26.0}) painter.drawEllipse(QPointF(x, 8), 2.5, 2.5);
-  return key;
-}
 
 void SetMark(QWidget &field, bool bad) {
   if (field.property("bad").toBool() == bad) return;
@@ -267,26 +247,7 @@ void PressureWindow::CopyTable(const TextTable &table, const Control &from, cons
   if (TableShown != table || TableTheme != &theme) {
     TableShown = table;
     TableTheme = &theme;
-    Table->clear();
-    QStringList head;
-    for (const std::string &text : table.Head) head += QString::fromStdString(text);
-    Table->setHeaderLabels(head);
-    for (const TextTable::Line &line : table.Row) {
-      auto *item = new QTreeWidgetItem(Table);
-      for (int i = 0; i < static_cast<int>(line.Cell.size()); ++i) {
-        item->setText(i, QString::fromStdString(line.Cell[static_cast<std::size_t>(i)]));
-        if (i > 0) item->setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
-      }
-      item->setIcon(0, Key(line.Key, theme, devicePixelRatioF()));
-      item->setToolTip(0, item->text(0));
-    }
-    for (int i = 0; i < head.size(); ++i) {
-      Table->header()->setSectionResizeMode(i, i == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
-      Table->headerItem()->setTextAlignment(i, (i == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    }
-    const int rows = static_cast<int>(table.Row.size()), heading = Table->header()->sizeHint().height() + 6;
-    Table->setMaximumHeight(heading + std::clamp(rows, 1, 6) * Table->sizeHintForRow(0));
-    Table->setMinimumHeight(heading + std::clamp(rows, 1, LowScreen() ? 1 : 2) * Table->sizeHintForRow(0));
+    FillTable(*Table, table, theme, LowScreen() ? 1 : 2);
   }
   Table->setVisible(!table.Row.empty());
   Table->setCurrentItem(from.Index < 0 ? nullptr : Table->topLevelItem(from.Index));
