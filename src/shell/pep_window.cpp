@@ -228,7 +228,7 @@ void RefreshPep(Workbench &bench) {
   for (const auto &[button, curve] : CurveButtons) out[button].Checked = !report && state.Curve == curve;
   out[Ctl::Curve_Sweep].Checked = !report && state.Sweeping;
   out[Ctl::Pep_Chart].Visible = out[Ctl::Pep_Chart_Title].Visible = !report;
-  out[Ctl::Result_Grid].Visible = !report;
+  out[Ctl::Result_Grid].Visible = !report && !state.Sweeping;
   out[Ctl::Report_Text].Visible = out[Ctl::Save_Report].Visible = report;
   for (const Ctl c : SweepRow) out[c].Visible = !report && state.Sweeping;
   if (state.Sweeping) ShowSweepChoices(bench);

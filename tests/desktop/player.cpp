@@ -360,7 +360,8 @@ Outcome Perform(Player &player, const QString &line) {
   if (verb == "press") return Press(line.section(' ', 1));
   if (verb.endsWith("painted")) return Painted(verb);
   if (verb == "focus") {
-    const QWidget *held = Front()->focusWidget();
+    const auto *named = FindIn<QWidget>(name);
+    const QWidget *held = (named ? named->window() : Front())->focusWidget();
     return Compare(name, held ? held->objectName() : QString("nothing"));
   }
   if (verb == "ask") return Press(name, Qt::RightButton);
