@@ -1,6 +1,7 @@
 #include "desktop/chart_view.h"
 
 #include "desktop/event_codes.h"
+#include "desktop/plot_dress.h"
 
 #include <tuple>
 
@@ -22,7 +23,7 @@ void ChartView::Copy(const Chart &chart, const Theme &theme) {
   const bool replot = recolour || CurvesOf(chart) != CurvesOf(Shown);
   const bool cursor = chart.CursorStep != Shown.CursorStep || chart.CursorText != Shown.CursorText;
   Colours = &theme;
-  if (recolour) Dress();
+  if (recolour) DressPlot(*this, *Colours);
   if (replot) {
     Shown = chart;
     Plot();
@@ -32,25 +33,6 @@ void ChartView::Copy(const Chart &chart, const Theme &theme) {
   Shown.CursorText = chart.CursorText;
   ShowKey();
   update();
-}
-
-void ChartView::Dress() {
-  const Theme &t = *Colours;
-  setBackground(t.Field);
-  for (QCPAxis *axis : {xAxis, yAxis}) {
-    axis->setBasePen(QPen(t.Hairline, 1));
-    axis->setTickPen(QPen(t.Hairline, 1));
-    axis->setSubTickPen(Qt::NoPen);
-    axis->setTickLength(0, 4);
-    axis->setTickLabelColor(t.Text);
-    axis->setTickLabelFont(TypeFont(Type::Small));
-    axis->setLabelColor(t.Quiet);
-    axis->setLabelFont(TypeFont(Type::Small));
-    axis->setLabelPadding(3);
-    axis->setNumberFormat("g");
-    axis->grid()->setPen(QPen(t.Hairline, 1));
-    axis->grid()->setZeroLinePen(Qt::NoPen);
-  }
 }
 
 void ChartView::Plot() {

@@ -21,7 +21,6 @@ protected:
 
 private:
   void SendMouse(Event::Kind, const QMouseEvent &);
-  void Dress();
   void Plot();
   void ShowKey();
   QRectF TagOf(double x, const QFontMetricsF &) const; // beside the cursor line; empty where there is no room

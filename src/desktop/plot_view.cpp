@@ -1,6 +1,7 @@
 #include "desktop/plot_view.h"
 
 #include "desktop/event_codes.h"
+#include "desktop/plot_dress.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -58,7 +59,7 @@ void PlotView::Copy(const Plot &plot, const std::vector<std::string> &yLabels,
   const bool recolour = Colours != &theme, fresh = plot.Number != Shown.Number;
   const bool cursor = plot.Cursor != Shown.Cursor || plot.CursorText != Shown.CursorText;
   Colours = &theme;
-  if (recolour) Dress();
+  if (recolour) DressPlot(*this, *Colours);
   if (fresh) {
     const bool whole = Whole() || plot.XTitle != Shown.XTitle || plot.YTitle != Shown.YTitle;
     Shown = plot;
@@ -73,25 +74,6 @@ void PlotView::Copy(const Plot &plot, const std::vector<std::string> &yLabels,
   Shown.CursorText = plot.CursorText;
   if (recolour && !fresh) Follow();
   if (cursor) update();
-}
-
-void PlotView::Dress() {
-  const Theme &t = *Colours;
-  setBackground(t.Field);
-  for (QCPAxis *axis : {xAxis, yAxis}) {
-    axis->setBasePen(QPen(t.Hairline, 1));
-    axis->setTickPen(QPen(t.Hairline, 1));
-    axis->setSubTickPen(Qt::NoPen);
-    axis->setTickLength(0, 4);
-    axis->setTickLabelColor(t.Text);
-    axis->setTickLabelFont(TypeFont(Type::Small));
-    axis->setLabelColor(t.Quiet);
-    axis->setLabelFont(TypeFont(Type::Small));
-    axis->setLabelPadding(3);
-    axis->setNumberFormat("g");
-    axis->grid()->setPen(QPen(t.Hairline, 1));
-    axis->grid()->setZeroLinePen(Qt::NoPen);
-  }
 }
 
 bool PlotView::Whole() const {

@@ -28,7 +28,6 @@ protected:
   void leaveEvent(QEvent *) override;
 
 private:
-  void Dress();
   void FillArea();
   void Fill();   // the curves, as many points as there are pixels
   void Label();  // the plot's own labels on the whole, round figures on a part
