@@ -35,8 +35,9 @@ std::string InitialsOf(std::string_view folded) {
   return initials;
 }
 
-// Letters to add, drop, change or swap with their neighbour to come from one text to the other.
-std::size_t Slips(std::string_view a, std::string_view b) {
+// Letters to add, drop, change or swap with their neighbour to come from one text to the other: to each begin
+// of it, from the empty one to the whole.
+std::vector<std::size_t> Slips(std::string_view a, std::string_view b) {
   std::vector<std::size_t> before, last, row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 1; i <= a.size(); ++i) {
@@ -48,7 +49,7 @@ std::size_t Slips(std::string_view a, std::string_view b) {
         row[j] = std::min(row[j], before[j - 2] + 1);
     }
   }
-  return row[b.size()];
+  return row;
 }
 
 constexpr std::size_t Far = 1000;
@@ -62,12 +63,13 @@ std::size_t Distance(const std::string &typed, const std::string &name) {
   if (own.starts_with(letters)) return 2;
   if (InitialsOf(name) == letters) return 3;
   if (name.find(" " + typed) != name.npos || name.find("(" + typed) != name.npos) return 4;
-  if (const std::size_t slips = Slips(letters, own); slips <= 1 + letters.size() / 4) return 5 + slips;
+  const std::vector<std::size_t> slips = Slips(letters, own);
+  if (slips.back() <= 1 + letters.size() / 4) return 5 + slips.back();
   if (letters.size() >= 3 && own.find(letters) != own.npos) return 50;
   // A slip in the begin of a longer name, or words beyond it.
   if (letters.size() >= 4) {
-    const std::size_t slips = Slips(letters, own.substr(0, letters.size()));
-    if (slips <= letters.size() / 4) return 60 + slips;
+    const std::size_t least = *std::min_element(slips.begin(), slips.end());
+    if (least <= letters.size() / 4) return 60 + least;
     if (own.size() >= 4 && letters.find(own) != letters.npos) return 80;
   }
   return Far;

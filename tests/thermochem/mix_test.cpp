@@ -131,6 +131,7 @@ TEST(Mixes, NamesAreFoundAndMissesSuggest) {
     const char *Typed, *First;
   } table[] = {{"AP", "AMMONIUM PERCHLORATE"},
                {"amonium perclorate", "AMMONIUM PERCHLORATE"},
+               {"amonium", "AMMONIUM PERCHLORATE"},
                {"htpb", "HTPB R-45M"},
                {"HTPB R45M", "HTPB R-45M"},
                {"aluminium", "ALUMINUM"},
