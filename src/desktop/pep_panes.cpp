@@ -174,26 +174,23 @@ QWidget *PepWindow::BuildLook() {
               {Ctl::Expansion_Ratio, Ctl::Exp_Rat_Slider_Selection, Ctl::Exp_Rat_Label, "&Expansion ratio",
                "", "1000.0mm"}};
   int at = 1;
+  grid->addWidget(SmallLabel(Controls, Ctl::Pc_Min_Label, "100"), at, 1, Qt::AlignRight | Qt::AlignVCenter);
+  grid->addWidget(SmallLabel(Controls, Ctl::Pc_Max_Label, "100"), at, 3);
   for (const auto &r : rows) {
     auto *box = Number(r.Box, r.Label, 7);
     grid->addWidget(Named(r.Label, box), at, 0);
-    auto *slide = Row(4);
-    const bool chamber = r.Slide == Ctl::Chamber_Pressure;
-    if (chamber) slide->addWidget(Bind(Controls, Ctl::Pc_Min_Label, Quiet(new QLabel)));
-    slide->addWidget(Slider(Controls, r.Slide, r.Label + 1), 1);
-    if (chamber) slide->addWidget(Bind(Controls, Ctl::Pc_Max_Label, Quiet(new QLabel)));
-    grid->addLayout(slide, at, 1);
-    grid->addWidget(box, at, 2);
+    grid->addWidget(Slider(Controls, r.Slide, r.Label + 1), at, 2);
+    grid->addWidget(box, at, 4);
     if (*r.Unit)
-      grid->addWidget(Quiet(new QLabel(r.Unit)), at, 3);
+      grid->addWidget(Quiet(new QLabel(r.Unit)), at, 5);
     else
-      grid->addWidget(Slim(Button(Controls, Ctl::Best_Ratio)), at, 3);
-    grid->addWidget(SmallLabel(Controls, r.Note, r.Longest), at++, 4);
+      grid->addWidget(Slim(Button(Controls, Ctl::Best_Ratio)), at, 5);
+    grid->addWidget(SmallLabel(Controls, r.Note, r.Longest), at++, 6);
   }
   grid->addWidget(new QLabel("Frozen to shifting"), at, 0);
-  grid->addWidget(Slider(Controls, Ctl::Frozen_Shifting_Slider, "Frozen to shifting"), at, 1);
-  grid->addWidget(SmallLabel(Controls, Ctl::Frozen_Shifting_Label, "100 % shifting"), at++, 2, 1, 3);
-  grid->setColumnStretch(1, 1);
+  grid->addWidget(Slider(Controls, Ctl::Frozen_Shifting_Slider, "Frozen to shifting"), at, 2);
+  grid->addWidget(SmallLabel(Controls, Ctl::Frozen_Shifting_Label, "100 % shifting"), at++, 4, 1, 3);
+  grid->setColumnStretch(2, 1);
 
   auto *angle = Number(Ctl::Nozzle_Half_Angle, "Nozzle half angle", 5),
        *part = Number(Ctl::Nozzle_Angle_Eff, "Nozzle efficiency", 6);
@@ -211,7 +208,7 @@ QWidget *PepWindow::BuildLook() {
   auto *nozzle = Row(24);
   nozzle->addLayout(cone);
   nozzle->addWidget(Sketch, 1);
-  grid->addLayout(nozzle, at, 0, 1, 5);
+  grid->addLayout(nozzle, at, 0, 1, 7);
   return pane;
 }
 
