@@ -39,8 +39,7 @@ FormDialog *MakeDimensions(Sender send, QWidget *parent) {
   auto *dialog = new FormDialog(Ctl::Dimensions, std::move(send), parent);
   auto *column = Column(*dialog);
   column->addLayout(Heading("Overall Basic Dimensions",
-                            Quiet(new QLabel("The grain around the core, and its nozzle.")),
-                            *dialog));
+                            Quiet(new QLabel("The grain around the core, and its nozzle.")), *dialog));
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(10);

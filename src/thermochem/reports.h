@@ -18,7 +18,7 @@ struct Report {
 };
 
 std::string ReportAsText(const Report &); // columns aligned: texts to the left, numbers to the right
-std::string ReportCsv(const Report &);  // each table under its title; lines and notes as one field each
+std::string ReportCsv(const Report &);    // each table under its title; lines and notes as one field each
 
 // Each of a run that is done; one of the run's cases where a report is of one pressure.
 Report IngredientReport(const PepOutcome &, const DataFiles &);           // Ing_Input
