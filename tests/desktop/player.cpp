@@ -271,7 +271,10 @@ void ClickInDrawing(const Player &player, Qt::MouseButton button, const QList<do
 Outcome TypeText(Player &player, const QString &name, const QString &value) {
   auto *field = FindIn<QLineEdit>(name);
   if (!field || !field->isVisible()) return {Step::Later, "not there"};
+  const QPoint middle = field->mapTo(field->window(), field->rect().center());
+  if (field->window()->childAt(middle) != field) return {Step::Later, "not in its place yet"};
   Click(*field, field->rect().center());
+  if (!field->hasFocus()) return {Step::Later, "has not the keys"};
   QWindow *window = field->window()->windowHandle();
   player.Typing = true; // the events let through between two letters play no other line
   QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
@@ -299,7 +302,7 @@ Outcome Letters(Player &player, int tool) {
                            "PolyRadius", "PolyRotate"}) {
     const auto *field = FindIn<QLineEdit>(name);
     if (!field || !field->isVisible()) continue;
-    TypeText(player, name, letters);
+    if (const Outcome typed = TypeText(player, name, letters); typed.What != Step::Done) return typed;
     if (player.Bench.Draft.Cmd.CmdNo != tool) return {Step::Wrong, QString(name) + " lets keys through"};
     if (field->text() != letters) return {Step::Later, QString(name) + " holds " + field->text()};
     if (name != QString("Question_Value")) continue;
