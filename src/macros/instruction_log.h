@@ -44,7 +44,8 @@ enum InstructionKind : int {
 struct Instruction {
   int PointArea = 0;
   double Value1 = 0, Value2 = 0, Value3 = 0;
-  std::string Value4; // "", "ENTERKEY", or up to three formulas parted by ";"
+  std::string Value4;                  // "", "ENTERKEY", or up to three formulas parted by ";"
+  int PlotType = 0, SelectionType = 0; // at the time of the input
   bool operator==(const Instruction &) const = default;
 };
 
