@@ -5,6 +5,7 @@
 #include "desktop/qt_screen.h"
 #include "desktop/window_style.h"
 #include "drafting/command_table.h"
+#include "platform/events.h"
 #include "scratch_folder.h"
 #include "shell/design_view.h"
 #include "shell/dispatch.h"
@@ -40,15 +41,8 @@ struct Program {
     Screen.Mirror();
     Settle();
   }
-  void Send(Event::Kind what, Ctl target, double x = 0, double y = 0, int button = 0, double notches = 0) {
-    Event e;
-    e.What = what;
-    e.Target = target;
-    e.X = x;
-    e.Y = y;
-    e.Button = button;
-    e.Notches = notches;
-    Screen.Send(e);
+  void Send(Event::Kind what, Ctl target, double x = 0, double y = 0, int button = 0) {
+    Screen.Send(MouseAt(what, target, x, y, button));
   }
   void Settle() { // until the newest curve is in and all is painted
     while (Bench.Live.UnderWay) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -80,7 +74,7 @@ void FullRepaint(benchmark::State &state) {
   Program program(static_cast<int>(state.range(0)));
   double notch = 1;
   for (auto _ : state) {
-    program.Send(Event::Kind::Wheel, Ctl::DrawPanel, 0, 0, 0, notch = -notch);
+    program.Screen.Send(WheelAt(Ctl::DrawPanel, 0, 0, notch = -notch));
     QCoreApplication::processEvents();
   }
   state.counters["pixels"] = program.Bench.Out.Panel.PixelWidth * program.Bench.Out.Panel.PixelHeight;

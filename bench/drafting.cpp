@@ -2,6 +2,7 @@
 #include "base/whole_file.h"
 #include "drafting/command_table.h"
 #include "geometry/find_entity.h"
+#include "platform/events.h"
 #include "platform/scripted_screen.h"
 #include "scratch_folder.h"
 #include "shell/design_view.h"
@@ -42,13 +43,7 @@ struct Board {
     ShowWholeGrain(Bench);
   }
   void Send(Event::Kind what, Ctl target, double x = 0, double y = 0, int button = 0) {
-    Event e;
-    e.What = what;
-    e.Target = target;
-    e.X = x;
-    e.Y = y;
-    e.Button = button;
-    Dispatch(Bench, e);
+    Dispatch(Bench, MouseAt(what, target, x, y, button));
   }
   void Begin(int cmdNo) { Send(Event::Kind::Press, FindCommand(cmdNo)->Button); }
   void Click(double x, double y) {

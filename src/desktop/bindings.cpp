@@ -5,6 +5,7 @@
 #include "desktop/choice_buttons.h"
 #include "desktop/pop_up_list.h"
 #include "desktop/theme.h"
+#include "platform/events.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -29,12 +30,7 @@ protected:
     const auto &key = static_cast<const QKeyEvent &>(*event);
     const int code = KeyCode(key);
     if (code != 13 && code != 27 && !TakesKey(code)) return false;
-    Event e;
-    e.What = Event::Kind::Key;
-    e.Target = Control;
-    e.KeyCode = code;
-    e.Shift = ShiftCode(key.modifiers());
-    Send(e);
+    Send(KeyIn(Control, code, ShiftCode(key.modifiers())));
     return true;
   }
 
@@ -63,10 +59,7 @@ protected:
     if (static_cast<const QMouseEvent &>(*event).button() != Qt::RightButton) return false;
     Owner.Asked = Tool;
     Touch(Owner, Ctl::HotKeyList);
-    Event e;
-    e.Target = Control;
-    e.Button = 2;
-    Owner.Send(e);
+    Owner.Send(PressOf(Control, {}, 2));
     return true;
   }
 
@@ -78,19 +71,12 @@ private:
 
 void Press(Bindings &bindings, Ctl control, const QString &item = {}) {
   Touch(bindings, control);
-  Event e;
-  e.Target = control;
-  e.Text = item.toStdString();
-  bindings.Send(e);
+  bindings.Send(PressOf(control, item.toStdString()));
 }
 
 void SendText(Bindings &bindings, Ctl control, const QString &text) {
   Touch(bindings, control);
-  Event e;
-  e.What = Event::Kind::Text;
-  e.Target = control;
-  e.Text = text.toStdString();
-  bindings.Send(e);
+  bindings.Send(TextIn(control, text.toStdString()));
 }
 
 QString WithMnemonic(QString text, QChar letter) {

@@ -2,6 +2,7 @@
 
 #include "desktop/event_codes.h"
 #include "desktop/plot_dress.h"
+#include "platform/events.h"
 
 #include <tuple>
 
@@ -123,14 +124,13 @@ void ChartView::resizeEvent(QResizeEvent *event) {
 
 void ChartView::SendMouse(Event::Kind what, const QMouseEvent &mouse) {
   const QRect area = axisRect()->rect();
-  Event e;
-  e.What = what;
-  e.Target = Self;
-  e.X = std::clamp((mouse.position().x() - area.left()) / std::max(1, area.width()), 0.0, 1.0);
-  e.Y = std::clamp((area.bottom() - mouse.position().y()) / std::max(1, area.height()), 0.0, 1.0);
-  e.Button = ButtonCode(what == Event::Kind::MouseMove ? mouse.buttons() : Qt::MouseButtons(mouse.button()));
-  e.Shift = ShiftCode(mouse.modifiers());
-  Send(e);
+  const auto part = [](double pixels, int whole) {
+    return std::clamp(pixels / std::max(1, whole), 0.0, 1.0);
+  };
+  const auto held = what == Event::Kind::MouseMove ? mouse.buttons() : Qt::MouseButtons(mouse.button());
+  Send(MouseAt(what, Self, part(mouse.position().x() - area.left(), area.width()),
+               part(area.bottom() - mouse.position().y(), area.height()), ButtonCode(held),
+               ShiftCode(mouse.modifiers())));
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent *e) { SendMouse(Event::Kind::MouseMove, *e); }

@@ -1,6 +1,7 @@
 #include "desktop/draw_panel.h"
 
 #include "desktop/event_codes.h"
+#include "platform/events.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -130,23 +131,12 @@ void DrawPanel::paintEvent(QPaintEvent *) {
 
 void DrawPanel::resizeEvent(QResizeEvent *) {
   Still = {};
-  Event e;
-  e.What = Event::Kind::Resize;
-  e.Target = Ctl::DrawPanel;
-  e.X = width();
-  e.Y = height();
-  Send(e);
+  Send(MouseAt(Event::Kind::Resize, Ctl::DrawPanel, width(), height()));
 }
 
 Event DrawPanel::At(Event::Kind what, QPointF pixel, Qt::KeyboardModifiers modifiers) const {
   const QPointF p = FitView(Shown, size()).ToUnits(pixel);
-  Event e;
-  e.What = what;
-  e.Target = Ctl::DrawPanel;
-  e.X = p.x();
-  e.Y = p.y();
-  e.Shift = ShiftCode(modifiers);
-  return e;
+  return MouseAt(what, Ctl::DrawPanel, p.x(), p.y(), 0, ShiftCode(modifiers));
 }
 
 void DrawPanel::SendMouse(Event::Kind what, const QMouseEvent &mouse, int button) {
@@ -181,11 +171,7 @@ void DrawPanel::wheelEvent(QWheelEvent *wheel) {
 void DrawPanel::keyPressEvent(QKeyEvent *key) {
   constexpr int F1 = 112; // which the window answers, as it may be about a tool
   if (KeyCode(*key) == F1) return key->ignore();
-  Event e;
-  e.What = Event::Kind::Key;
-  e.Target = Ctl::DrawPanel;
-  e.KeyCode = KeyCode(*key);
-  e.Shift = ShiftCode(key->modifiers());
+  Event e = KeyIn(Ctl::DrawPanel, KeyCode(*key), ShiftCode(key->modifiers()));
   e.Text = key->text().toStdString();
   if (e.KeyCode != 0) Send(e);
 }

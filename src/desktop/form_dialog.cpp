@@ -1,6 +1,7 @@
 #include "desktop/form_dialog.h"
 
 #include "desktop/event_codes.h"
+#include "platform/events.h"
 
 #include <QCloseEvent>
 #include <QPushButton>
@@ -20,19 +21,12 @@ void FormDialog::Copy(const Screen &screen) {
 
 void FormDialog::closeEvent(QCloseEvent *close) {
   close->ignore();
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Self;
-  Controls.Send(e);
+  Controls.Send(CloseOf(Self));
 }
 
 void FormDialog::keyPressEvent(QKeyEvent *key) {
   if (KeyCode(*key) != 27) return QDialog::keyPressEvent(key);
-  Event e;
-  e.What = Event::Kind::Key;
-  e.Target = Self;
-  e.KeyCode = 27;
-  Controls.Send(e);
+  Controls.Send(KeyIn(Self, 27));
 }
 
 // Over the middle of the window it belongs to, but never beyond the screen.

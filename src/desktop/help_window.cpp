@@ -2,16 +2,12 @@
 
 #include "desktop/theme.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QListWidget>
 #include <QTextBrowser>
 
-HelpWindow::HelpWindow(Sender send, QWidget *parent) : QWidget(parent, Qt::Window), Page(new QTextBrowser) {
-  Controls.Send = std::move(send);
-  Bind(Controls, Ctl::Help_Window, this);
-  setAutoFillBackground(true);
+HelpWindow::HelpWindow(Sender send, QWidget *parent)
+    : SideWindow(Ctl::Help_Window, std::move(send), parent), Page(new QTextBrowser) {
   resize(860, 640);
   auto *row = new QHBoxLayout(this);
   row->setContentsMargins(12, 12, 12, 12);
@@ -36,21 +32,4 @@ void HelpWindow::Copy(const Screen &screen) {
   if (text == Shown) return;
   Shown = text;
   Page->setMarkdown(QString::fromStdString(text));
-}
-
-void HelpWindow::SendClose() {
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Ctl::Help_Window;
-  Controls.Send(e);
-}
-
-void HelpWindow::closeEvent(QCloseEvent *close) {
-  close->ignore();
-  SendClose();
-}
-
-void HelpWindow::keyPressEvent(QKeyEvent *key) {
-  if (key->key() == Qt::Key_Escape) return SendClose();
-  QWidget::keyPressEvent(key);
 }

@@ -1,4 +1,5 @@
 #include "desktop/ingredient_picker.h"
+#include "platform/events.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -21,20 +22,13 @@ IngredientPicker::IngredientPicker(Bindings &bindings, Ctl self)
 
 void IngredientPicker::Choose(const QString &name) {
   Touch(Owner, Self);
-  Event e;
-  e.Target = Self;
-  e.Text = name.toStdString();
-  Owner.Send(e);
+  Owner.Send(PressOf(Self, name.toStdString()));
   Done();
 }
 
 void IngredientPicker::Done() {
   completer()->popup()->hide();
-  Event e;
-  e.What = Event::Kind::Key;
-  e.Target = Self;
-  e.KeyCode = 13;
-  Owner.Send(e);
+  Owner.Send(KeyIn(Self, 13));
 }
 
 void IngredientPicker::Copy(const Control &from) {

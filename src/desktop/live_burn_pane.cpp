@@ -3,6 +3,7 @@
 #include "desktop/chart_view.h"
 #include "desktop/figure_label.h"
 #include "desktop/panes.h"
+#include "platform/events.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -15,10 +16,7 @@ public:
 protected:
   bool eventFilter(QObject *, QEvent *event) override {
     if (event->type() != QEvent::Leave) return false;
-    Event e;
-    e.What = Event::Kind::Leave;
-    e.Target = Ctl::MyLiveChart;
-    Send(e);
+    Send(MouseAt(Event::Kind::Leave, Ctl::MyLiveChart, 0, 0));
     return false;
   }
 

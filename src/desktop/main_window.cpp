@@ -13,6 +13,7 @@
 #include "desktop/side_pane.h"
 #include "desktop/tools_pane.h"
 #include "desktop/typing_card.h"
+#include "platform/events.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -189,10 +190,7 @@ void MainWindow::Restore(const WindowPlace &place) {
 
 void MainWindow::closeEvent(QCloseEvent *close) {
   close->ignore();
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Ctl::frmMain;
-  Controls.Send(e);
+  Controls.Send(CloseOf(Ctl::frmMain));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *drag) {
@@ -203,10 +201,8 @@ void MainWindow::dropEvent(QDropEvent *drop) {
   for (const QUrl &url : drop->mimeData()->urls()) {
     if (!url.isLocalFile()) continue;
     drop->acceptProposedAction();
-    Event e;
+    Event e = PressOf(Ctl::frmMain, url.toLocalFile().toStdString());
     e.What = Event::Kind::Drop;
-    e.Target = Ctl::frmMain;
-    e.Text = url.toLocalFile().toStdString();
     Controls.Send(e);
     return;
   }
@@ -215,11 +211,8 @@ void MainWindow::dropEvent(QDropEvent *drop) {
 // Keys that nothing in the window has use for are the drawing's; of a field only Escape and F1.
 void MainWindow::keyPressEvent(QKeyEvent *key) {
   constexpr int Escape = 27, F1 = 112;
-  Event e;
-  e.What = Event::Kind::Key;
-  e.KeyCode = KeyCode(*key);
-  e.Shift = ShiftCode(key->modifiers());
-  e.Target = e.KeyCode == F1 ? UnderPointer() : Ctl::DrawPanel;
+  Event e = KeyIn(Ctl::DrawPanel, KeyCode(*key), ShiftCode(key->modifiers()));
+  if (e.KeyCode == F1) e.Target = UnderPointer();
   const bool field = qobject_cast<QLineEdit *>(focusWidget()) != nullptr;
   if (e.KeyCode == 0 || (field && e.KeyCode != Escape && e.KeyCode != F1))
     return QMainWindow::keyPressEvent(key);

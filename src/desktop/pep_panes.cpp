@@ -1,12 +1,13 @@
 #include "desktop/curve_key.h"
 #include "desktop/elided_label.h"
-#include "desktop/figure_label.h"
+#include "desktop/form_parts.h"
 #include "desktop/ingredient_picker.h"
 #include "desktop/nozzle_sketch.h"
 #include "desktop/panes.h"
 #include "desktop/pep_window.h"
 #include "desktop/plot_view.h"
 #include "desktop/segment_row.h"
+#include "platform/events.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -25,39 +26,17 @@ constexpr int RowCount = 10;
 
 Ctl Nth(Ctl first, int row) { return static_cast<Ctl>(static_cast<int>(first) + row); }
 
-constexpr struct {
-  Ctl Control;
-  const char *Caption, *Unit;
-} Figures[] = {{Ctl::Pep_Temperature, "Flame temperature", "K"},
-               {Ctl::Pep_CStar, "c*", "m/s"},
-               {Ctl::Pep_Isp, "Isp", "s"},
-               {Ctl::Pep_Vacuum_Isp, "Vacuum Isp", "s"},
-               {Ctl::Pep_Density_Isp, "Density Isp", "s g/cc"},
-               {Ctl::Pep_Gamma, "Gamma", ""},
-               {Ctl::Pep_Gas_Weight, "Gas weight", "g/mol"},
-               {Ctl::Pep_Exit_Temperature, "Exit temperature", "K"},
-               {Ctl::Pep_Exit_Pressure, "Exit pressure", "kPa"},
-               {Ctl::Pep_Density, "Density", "g/cc"}};
+constexpr FigurePlace Figures[] = {{Ctl::Pep_Temperature, "Flame temperature", "K"},
+                                   {Ctl::Pep_CStar, "c*", "m/s"},
+                                   {Ctl::Pep_Isp, "Isp", "s"},
+                                   {Ctl::Pep_Vacuum_Isp, "Vacuum Isp", "s"},
+                                   {Ctl::Pep_Density_Isp, "Density Isp", "s g/cc"},
+                                   {Ctl::Pep_Gamma, "Gamma", ""},
+                                   {Ctl::Pep_Gas_Weight, "Gas weight", "g/mol"},
+                                   {Ctl::Pep_Exit_Temperature, "Exit temperature", "K"},
+                                   {Ctl::Pep_Exit_Pressure, "Exit pressure", "kPa"},
+                                   {Ctl::Pep_Density, "Density", "g/cc"}};
 
-QHBoxLayout *Row(int space = 8) {
-  auto *row = new QHBoxLayout;
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(space);
-  return row;
-}
-
-QPushButton *Slim(QPushButton *button) {
-  button->setProperty("slim", true);
-  return button;
-}
-
-QLabel *Named(const char *text, QWidget *box) {
-  auto *label = new QLabel(text);
-  label->setBuddy(box);
-  return label;
-}
-
-// The core's words on a box do not take its place holder's.
 QSlider *Slider(Bindings &bindings, Ctl control, const char *name) {
   auto *slider = BindSlider(bindings, control, new QSlider(Qt::Horizontal));
   slider->setAccessibleName(name);
@@ -72,20 +51,9 @@ QLabel *SmallLabel(Bindings &bindings, Ctl control, const char *longest) {
 }
 } // namespace
 
-QLineEdit *PepWindow::Number(Ctl control, const char *name, int digits) {
-  auto *box = BindField(Controls, control, new QLineEdit);
-  box->setAlignment(Qt::AlignRight);
-  box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QString(digits, '0')) + 20);
-  box->setAccessibleName(QString(name).remove('&'));
-  return box;
-}
-
 QWidget *PepWindow::BuildMix() {
   auto *pane = new QWidget;
-  auto *grid = new QGridLayout(pane);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(4);
+  auto *grid = GridLayout(pane, 8, 4);
   grid->addWidget(Head("Ingredients"), 0, 0);
   auto *weights = Head("Weight, g");
   weights->setAlignment(Qt::AlignRight);
@@ -96,7 +64,7 @@ QWidget *PepWindow::BuildMix() {
     picker->setMinimumWidth(QFontMetrics(picker->font()).horizontalAdvance("AMMONIUM PERCHLORATE 200 MU") +
                             20);
     Pickers.push_back(picker);
-    auto *weight = Number(Nth(Ctl::Weight_Input0, row), "Weight", 8);
+    auto *weight = NumberField(Controls, Nth(Ctl::Weight_Input0, row), "Weight", 8);
     auto *note = Bind(Controls, Nth(Ctl::Ingredient_Note0, row),
                       new ElidedLabel("C10 H10 O10 N10   -10000 cal/g   0.000 g/cc   A"));
     Quiet(note);
@@ -104,7 +72,7 @@ QWidget *PepWindow::BuildMix() {
     grid->addWidget(weight, row + 1, 1);
     grid->addWidget(note, row + 1, 2);
   }
-  auto *total = Row();
+  auto *total = RowLayout();
   total->addWidget(Slim(Button(Controls, Ctl::Make_100)));
   total->addWidget(Slim(Button(Controls, Ctl::Clear_Mix)));
   total->addStretch();
@@ -122,20 +90,18 @@ QWidget *PepWindow::BuildMix() {
 
 QWidget *PepWindow::BuildRun() {
   auto *pane = new QWidget;
-  auto *column = new QVBoxLayout(pane);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
-  auto *row = Row();
-  auto *heat = Number(Ctl::Propellant_Temp, "Propellant temperature", 5);
-  auto *low = Number(Ctl::Pc_Lower_Range, "Lower chamber pressure", 6),
-       *high = Number(Ctl::Pc_Higher_Range, "Higher chamber pressure", 6);
-  row->addWidget(Named("&Temperature", heat));
+  auto *column = ColumnLayout(pane, 8);
+  auto *row = RowLayout();
+  auto *heat = NumberField(Controls, Ctl::Propellant_Temp, "Propellant temperature", 5);
+  auto *low = NumberField(Controls, Ctl::Pc_Lower_Range, "Lower chamber pressure", 6),
+       *high = NumberField(Controls, Ctl::Pc_Higher_Range, "Higher chamber pressure", 6);
+  row->addWidget(LabelOf("&Temperature", heat));
   row->addWidget(heat);
   row->addWidget(Quiet(new QLabel("\u00b0C")));
   row->addSpacing(16);
-  row->addWidget(Named("Chamber &pressure", low));
+  row->addWidget(LabelOf("Chamber &pressure", low));
   row->addWidget(low);
-  row->addWidget(Named("t&o", high));
+  row->addWidget(LabelOf("t&o", high));
   row->addWidget(high);
   row->addWidget(Quiet(new QLabel("MPa")));
   row->addStretch();
@@ -159,10 +125,7 @@ QWidget *PepWindow::BuildRun() {
 
 QWidget *PepWindow::BuildLook() {
   auto *pane = new QWidget;
-  auto *grid = new QGridLayout(pane);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(4);
+  auto *grid = GridLayout(pane, 8, 4);
   grid->addWidget(Head("Look at"), 0, 0);
   constexpr struct {
     Ctl Slide, Box, Note;
@@ -177,8 +140,8 @@ QWidget *PepWindow::BuildLook() {
   grid->addWidget(SmallLabel(Controls, Ctl::Pc_Min_Label, "100"), at, 1, Qt::AlignRight | Qt::AlignVCenter);
   grid->addWidget(SmallLabel(Controls, Ctl::Pc_Max_Label, "100"), at, 3);
   for (const auto &r : rows) {
-    auto *box = Number(r.Box, r.Label, 7);
-    grid->addWidget(Named(r.Label, box), at, 0);
+    auto *box = NumberField(Controls, r.Box, r.Label, 7);
+    grid->addWidget(LabelOf(r.Label, box), at, 0);
     grid->addWidget(Slider(Controls, r.Slide, r.Label + 1), at, 2);
     grid->addWidget(box, at, 4);
     if (*r.Unit)
@@ -192,20 +155,20 @@ QWidget *PepWindow::BuildLook() {
   grid->addWidget(SmallLabel(Controls, Ctl::Frozen_Shifting_Label, "100 % shifting"), at++, 4, 1, 3);
   grid->setColumnStretch(2, 1);
 
-  auto *angle = Number(Ctl::Nozzle_Half_Angle, "Nozzle half angle", 5),
-       *part = Number(Ctl::Nozzle_Angle_Eff, "Nozzle efficiency", 6);
+  auto *angle = NumberField(Controls, Ctl::Nozzle_Half_Angle, "Nozzle half angle", 5),
+       *part = NumberField(Controls, Ctl::Nozzle_Angle_Eff, "Nozzle efficiency", 6);
   auto *cone = new QGridLayout;
   cone->setHorizontalSpacing(8);
   cone->setVerticalSpacing(4);
-  cone->addWidget(Named("Nozzle &half angle", angle), 0, 0);
+  cone->addWidget(LabelOf("Nozzle &half angle", angle), 0, 0);
   cone->addWidget(angle, 0, 1);
   cone->addWidget(Quiet(new QLabel("\u00b0")), 0, 2);
-  cone->addWidget(Named("Nozzle e&fficiency", part), 1, 0);
+  cone->addWidget(LabelOf("Nozzle e&fficiency", part), 1, 0);
   cone->addWidget(part, 1, 1);
   cone->addWidget(Bind(Controls, Ctl::Draw_Note, Quiet(new QLabel)), 2, 0, 1, 3);
   cone->setRowStretch(3, 1);
   Sketch = Bind(Controls, Ctl::Draw_Nozzle, new NozzleSketch);
-  auto *nozzle = Row(24);
+  auto *nozzle = RowLayout(24);
   nozzle->addLayout(cone);
   nozzle->addWidget(Sketch, 1);
   grid->addLayout(nozzle, at, 0, 1, 7);
@@ -214,18 +177,8 @@ QWidget *PepWindow::BuildLook() {
 
 QWidget *PepWindow::BuildStrip() {
   auto *strip = new QWidget;
-  auto *grid = new QGridLayout(strip);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(16);
-  grid->setVerticalSpacing(4);
-  int place = 0;
-  for (const auto &f : Figures) {
-    auto *figure = Bind(Controls, f.Control, new FigureLabel(f.Caption, f.Unit));
-    figure->setAccessibleName(f.Caption);
-    grid->addWidget(figure, place / 5, place % 5);
-    grid->setColumnStretch(place % 5, 1);
-    ++place;
-  }
+  auto *grid = GridLayout(strip, 16, 4);
+  AddFigures(*grid, Controls, Figures, 5);
   return strip;
 }
 
@@ -239,16 +192,16 @@ QWidget *PepWindow::BuildGrid() {
   Grid->header()->setSectionsClickable(false);
   Grid->setMinimumHeight(180);
   connect(Grid, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
-    if (item) PressItem(Ctl::Result_Grid, item->text(0));
+    if (!item) return;
+    Touch(Controls, Ctl::Result_Grid);
+    Controls.Send(PressOf(Ctl::Result_Grid, item->text(0).toStdString()));
   });
   return Grid;
 }
 
 QWidget *PepWindow::BuildChart() {
   auto *pane = new QWidget;
-  auto *column = new QVBoxLayout(pane);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(8);
+  auto *column = ColumnLayout(pane, 8);
   auto *curves = new SegmentRow, *reports = new SegmentRow;
   for (const Ctl c : {Ctl::Curve_T, Ctl::Curve_CStar, Ctl::Curve_Isp, Ctl::Curve_Gamma, Ctl::Curve_Gas,
                       Ctl::Curve_Species, Ctl::Curve_Sweep})
@@ -273,7 +226,7 @@ QWidget *PepWindow::BuildChart() {
   copy->setObjectName("Copy_Pep_Chart");
   copy->setToolTip("The chart and its figures, to the clipboard");
   connect(copy, &QPushButton::clicked, this, [this, title] { Chart->CopyToClipboard(title->text()); });
-  auto *top = Row();
+  auto *top = RowLayout();
   top->addWidget(title, 1);
   top->addWidget(copy);
   chart->addLayout(top);
@@ -298,7 +251,7 @@ QWidget *PepWindow::BuildChart() {
   all->setToolTip("The whole report to the clipboard");
   connect(all, &QPushButton::clicked, this,
           [this] { QGuiApplication::clipboard()->setText(Words->toPlainText()); });
-  auto *acts = Row();
+  auto *acts = RowLayout();
   acts->addStretch();
   acts->addWidget(all);
   acts->addWidget(Slim(Button(Controls, Ctl::Save_Report)));
@@ -310,25 +263,14 @@ QWidget *PepWindow::BuildChart() {
 
 QWidget *PepWindow::BuildSweep() {
   auto *pane = new QWidget;
-  auto *grid = new QGridLayout(pane);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(4);
-  const auto list = [this](Ctl control, const char *name) {
-    auto *box = Bind(Controls, control, new QComboBox);
-    box->setAccessibleName(name);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(14);
-    connect(box, &QComboBox::textActivated, this,
-            [this, control](const QString &item) { PressItem(control, item); });
-    return box;
-  };
-  Raised = list(Ctl::Sweep_Raised, "Raised");
-  Lowered = list(Ctl::Sweep_Lowered, "Taken from");
+  auto *grid = GridLayout(pane, 8, 4);
+  Raised = ItemBox(Controls, Ctl::Sweep_Raised, "Raised");
+  Lowered = ItemBox(Controls, Ctl::Sweep_Lowered, "Taken from");
+  for (QComboBox *box : {Raised, Lowered}) box->setMinimumContentsLength(14);
   QWidget *const first[] = {new QLabel("Raise"),   Raised,
-                            new QLabel("from"),    Number(Ctl::Sweep_From, "From", 5),
-                            new QLabel("to"),      Number(Ctl::Sweep_To, "To", 5),
-                            new QLabel("by"),      Number(Ctl::Sweep_Step, "By", 4),
+                            new QLabel("from"),    NumberField(Controls, Ctl::Sweep_From, "From", 5),
+                            new QLabel("to"),      NumberField(Controls, Ctl::Sweep_To, "To", 5),
+                            new QLabel("by"),      NumberField(Controls, Ctl::Sweep_Step, "By", 4),
                             Quiet(new QLabel("g"))};
   int column = 0;
   for (QWidget *part : first) grid->addWidget(part, 0, column++);
@@ -347,7 +289,7 @@ QWidget *PepWindow::BuildFoot() {
   auto *name = BindField(Controls, Ctl::Pep_Name, new QLineEdit);
   name->setAccessibleName("Name in the library");
   name->setMinimumWidth(QFontMetrics(name->font()).horizontalAdvance("0") * 24);
-  row->addWidget(Named("&Name", name));
+  row->addWidget(LabelOf("&Name", name));
   row->addWidget(name);
   row->addWidget(Button(Controls, Ctl::Keep_Propellant));
   row->addStretch();

@@ -1,13 +1,13 @@
 #include "desktop/pep_window.h"
 
 #include "desktop/curve_key.h"
+#include "desktop/form_parts.h"
 #include "desktop/ingredient_picker.h"
 #include "desktop/nozzle_sketch.h"
 #include "desktop/panes.h"
 #include "desktop/plot_view.h"
 
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -15,22 +15,9 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
-#include <QStyle>
 #include <QTreeWidget>
 
-namespace {
-void SetMark(QWidget &field, bool bad) {
-  if (field.property("bad").toBool() == bad) return;
-  field.setProperty("bad", bad);
-  field.style()->unpolish(&field);
-  field.style()->polish(&field);
-}
-} // namespace
-
-PepWindow::PepWindow(Sender send, QWidget *parent) : QWidget(parent, Qt::Window) {
-  Controls.Send = std::move(send);
-  Bind(Controls, Ctl::PEP_SimA, this);
-  setAutoFillBackground(true);
+PepWindow::PepWindow(Sender send, QWidget *parent) : SideWindow(Ctl::PEP_SimA, std::move(send), parent) {
   auto *pane = new QWidget;
   auto *halves = new QHBoxLayout(pane);
   halves->setContentsMargins(16, 16, 16, 8);
@@ -62,14 +49,6 @@ PepWindow::PepWindow(Sender send, QWidget *parent) : QWidget(parent, Qt::Window)
   column->addWidget(area, 1);
   column->addWidget(Hairline());
   column->addWidget(BuildFoot());
-}
-
-void PepWindow::PressItem(Ctl control, const QString &item) {
-  Touch(Controls, control);
-  Event e;
-  e.Target = control;
-  e.Text = item.toStdString();
-  Controls.Send(e);
 }
 
 // Figures that copy to a table elsewhere.
@@ -115,36 +94,18 @@ void PepWindow::CopyKey(const Plot &plot, const Theme &theme) {
   Key->setVisible(any);
 }
 
-void PepWindow::CopyChoice(QComboBox &list, const Control &from) {
-  const QSignalBlocker quiet(list);
-  bool same = list.count() == static_cast<int>(from.Item.size());
-  for (int i = 0; same && i < list.count(); ++i)
-    same = list.itemText(i).toStdString() == from.Item[static_cast<std::size_t>(i)];
-  if (!same) {
-    list.clear();
-    for (const std::string &item : from.Item) list.addItem(QString::fromStdString(item));
-  }
-  list.setCurrentIndex(from.Index);
-}
-
 void PepWindow::Copy(const Screen &screen, const Theme &theme) {
   Mirror(Controls, screen);
   for (std::size_t row = 0; row < Pickers.size(); ++row) {
     const auto input = static_cast<Ctl>(static_cast<std::size_t>(Ctl::Ingredient_Input0) + row);
     Pickers[row]->Copy(screen[input]);
   }
-  for (const Binding &b : Controls.List) {
-    auto *box = qobject_cast<QLineEdit *>(b.Shown);
-    if (!box) continue;
-    const QString why = QString::fromStdString(screen[b.Control].Hint);
-    SetMark(*box, !why.isEmpty());
-    box->setToolTip(why);
-    box->setPlaceholderText(b.Control == Ctl::Ingredient_Input0 ? "type to find an ingredient" : "");
-  }
+  MarkFields(Controls, screen);
+  Pickers.front()->setPlaceholderText("type to find an ingredient");
   if (QWidget *note = Find(Controls, Ctl::Pep_Note)) SetMark(*note, screen[Ctl::Pep_Note].Checked);
   Progress->setValue(QString::fromStdString(screen[Ctl::ProgressBar1].Text).toInt());
-  CopyChoice(*Raised, screen[Ctl::Sweep_Raised]);
-  CopyChoice(*Lowered, screen[Ctl::Sweep_Lowered]);
+  CopyItems(*Raised, screen[Ctl::Sweep_Raised]);
+  CopyItems(*Lowered, screen[Ctl::Sweep_Lowered]);
   CopyGrid(screen.Pep_Grid, screen[Ctl::Result_Grid].Index);
   CopyKey(screen.Pep_Chart, theme);
   Colours = &theme;
@@ -163,20 +124,4 @@ void PepWindow::Place(const QRect &room) {
   move(room.left() + (room.width() - width()) / 2, room.top() + (room.height() - height()) / 2);
 }
 
-void PepWindow::SendClose() {
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Ctl::PEP_SimA;
-  Controls.Send(e);
-}
-
-void PepWindow::closeEvent(QCloseEvent *close) {
-  close->ignore();
-  SendClose();
-}
-
-void PepWindow::keyPressEvent(QKeyEvent *key) {
-  if (key->key() == Qt::Key_Escape) return SendClose();
-  if (key->matches(QKeySequence::Copy)) return CopyTable(*Grid);
-  QWidget::keyPressEvent(key);
-}
+void PepWindow::CopyOut() { CopyTable(*Grid); }

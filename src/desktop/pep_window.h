@@ -1,5 +1,5 @@
 #pragma once
-#include "desktop/bindings.h"
+#include "desktop/side_window.h"
 
 class CurveKey;
 class IngredientPicker;
@@ -11,16 +11,14 @@ class QProgressBar;
 class QTreeWidget;
 
 // PEP_SimA, beside the drawing: a propellant's ingredients at the left, what they give at the right.
-class PepWindow final : public QWidget {
+class PepWindow final : public SideWindow {
 public:
   PepWindow(Sender, QWidget *parent);
   void Copy(const Screen &, const Theme &);
   void Place(const QRect &room); // at its first opening
-  Bindings Controls;
 
 protected:
-  void closeEvent(QCloseEvent *) override;
-  void keyPressEvent(QKeyEvent *) override;
+  void CopyOut() override;
 
 private:
   QWidget *BuildMix();
@@ -31,12 +29,8 @@ private:
   QWidget *BuildChart();
   QWidget *BuildSweep();
   QWidget *BuildFoot();
-  QLineEdit *Number(Ctl, const char *name, int digits);
-  void PressItem(Ctl, const QString &);
   void CopyGrid(const TextTable &, int chosen);
   void CopyKey(const Plot &, const Theme &); // what the curves are
-  void CopyChoice(QComboBox &, const Control &);
-  void SendClose();
 
   std::vector<IngredientPicker *> Pickers;
   QProgressBar *Progress = nullptr;

@@ -2,6 +2,7 @@
 
 #include "desktop/event_codes.h"
 #include "desktop/plot_dress.h"
+#include "platform/events.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -225,11 +226,8 @@ void PlotView::resizeEvent(QResizeEvent *event) {
 }
 
 void PlotView::Point(double x) {
-  Event e;
-  e.What = Event::Kind::MouseMove;
-  e.Target = Self;
-  e.X = std::clamp((x - Shown.XBegin) / (Shown.XEnd - Shown.XBegin), 0.0, 1.0);
-  Send(e);
+  const double part = (x - Shown.XBegin) / (Shown.XEnd - Shown.XBegin);
+  Send(MouseAt(Event::Kind::MouseMove, Self, std::clamp(part, 0.0, 1.0), 0));
 }
 
 void PlotView::mouseMoveEvent(QMouseEvent *mouse) {
@@ -243,10 +241,7 @@ void PlotView::mouseDoubleClickEvent(QMouseEvent *) { ShowWhole(); }
 
 void PlotView::leaveEvent(QEvent *) {
   if (Shown.Cursor < 0) return;
-  Event e;
-  e.What = Event::Kind::Leave;
-  e.Target = Self;
-  Send(e);
+  Send(MouseAt(Event::Kind::Leave, Self, 0, 0));
 }
 
 void PlotView::keyPressEvent(QKeyEvent *key) {

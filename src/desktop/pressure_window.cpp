@@ -2,20 +2,19 @@
 
 #include "desktop/compare_rows.h"
 #include "desktop/elided_label.h"
-#include "desktop/figure_label.h"
+#include "desktop/form_parts.h"
 #include "desktop/panes.h"
 #include "desktop/plot_view.h"
 #include "desktop/segment_row.h"
 #include "desktop/theme.h"
+#include "platform/events.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QStyle>
 #include <QTreeWidget>
 
 namespace {
@@ -35,32 +34,20 @@ constexpr InputRow Inputs[] = {{Ctl::burn_rate_a, "Burn rate &a", "mm/s at Pa"},
                                {Ctl::Exit_Diameter, "Exit diameter", "mm", true},
                                {Ctl::Time_Intervals, "Time step", "s", true}};
 
-constexpr struct {
-  Ctl Control;
-  const char *Caption, *Unit;
-} Figures[] = {{Ctl::Motor_Burn_Time, "Burn time", "s"},
-               {Ctl::Motor_Peak_Pressure, "Peak pressure", "MPa"},
-               {Ctl::Motor_Mean_Pressure, "Mean pressure", "MPa"},
-               {Ctl::Motor_Peak_Thrust, "Peak thrust", "N"},
-               {Ctl::Motor_Mean_Thrust, "Mean thrust", "N"},
-               {Ctl::Motor_Impulse, "Total impulse", "N s"},
-               {Ctl::Motor_Class, "Motor class", ""},
-               {Ctl::Motor_Mass, "Propellant", "g"},
-               {Ctl::Motor_Isp, "Delivered Isp", "s"},
-               {Ctl::Motor_Balance, "Mass balance", "%"}};
-
-void SetMark(QWidget &field, bool bad) {
-  if (field.property("bad").toBool() == bad) return;
-  field.setProperty("bad", bad);
-  field.style()->unpolish(&field);
-  field.style()->polish(&field);
-}
+constexpr FigurePlace Figures[] = {{Ctl::Motor_Burn_Time, "Burn time", "s"},
+                                   {Ctl::Motor_Peak_Pressure, "Peak pressure", "MPa"},
+                                   {Ctl::Motor_Mean_Pressure, "Mean pressure", "MPa"},
+                                   {Ctl::Motor_Peak_Thrust, "Peak thrust", "N"},
+                                   {Ctl::Motor_Mean_Thrust, "Mean thrust", "N"},
+                                   {Ctl::Motor_Impulse, "Total impulse", "N s"},
+                                   {Ctl::Motor_Class, "Motor class", ""},
+                                   {Ctl::Motor_Mass, "Propellant", "g"},
+                                   {Ctl::Motor_Isp, "Delivered Isp", "s"},
+                                   {Ctl::Motor_Balance, "Mass balance", "%"}};
 } // namespace
 
-PressureWindow::PressureWindow(Sender send, QWidget *parent) : QWidget(parent, Qt::Window) {
-  Controls.Send = std::move(send);
-  Bind(Controls, Ctl::Pressure_Results, this);
-  setAutoFillBackground(true);
+PressureWindow::PressureWindow(Sender send, QWidget *parent)
+    : SideWindow(Ctl::Pressure_Results, std::move(send), parent) {
   auto *column = new QVBoxLayout(this);
   column->setContentsMargins(16, 12, 16, 12);
   column->setSpacing(8);
@@ -92,32 +79,20 @@ QWidget *PressureWindow::BuildInputs() {
   InputsHead = Head({});
   InputsHead->setWordWrap(true);
   column->addWidget(InputsHead);
-  Choice = Bind(Controls, Ctl::Propellant_Choice, new QComboBox);
-  Choice->setAccessibleName("Propellant");
-  Choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  connect(Choice, &QComboBox::textActivated, this,
-          [this](const QString &item) { PressItem(Ctl::Propellant_Choice, item); });
-  auto *fuel = new QHBoxLayout;
-  fuel->setSpacing(8);
+  Choice = ItemBox(Controls, Ctl::Propellant_Choice, "Propellant");
+  auto *fuel = RowLayout();
   fuel->addWidget(Choice, 1);
-  auto *library = Button(Controls, Ctl::Edit_Propellants);
-  library->setProperty("slim", true);
-  fuel->addWidget(library);
+  fuel->addWidget(Slim(Button(Controls, Ctl::Edit_Propellants)));
   column->addLayout(fuel);
   auto *grid = new QGridLayout;
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(4);
   int row = 0;
   for (const InputRow &input : Inputs) {
-    auto *label = new QLabel(input.Label);
-    auto *box = BindField(Controls, input.Box, new QLineEdit);
-    box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance("0000000000") + 18);
+    auto *box = NumberField(Controls, input.Box, input.Label, 10);
     box->setReadOnly(input.ReadOnly);
     box->setProperty("plain", input.ReadOnly);
-    box->setAccessibleName(QString(input.Label).remove('&'));
-    label->setBuddy(box);
-    grid->addWidget(label, row, 0);
+    grid->addWidget(LabelOf(input.Label, box), row, 0);
     grid->addWidget(box, row, 1);
     grid->addWidget(Quiet(new QLabel(input.Unit)), row++, 2);
   }
@@ -154,13 +129,9 @@ QWidget *PressureWindow::BuildChart() {
   copy->setToolTip("The chart as it is seen, and its figures, to the clipboard (Ctrl+C)");
   connect(copy, &QPushButton::clicked, this, [this, title] { Chart->CopyToClipboard(title->text()); });
   auto *save = Button(Controls, Ctl::Save_Chart);
-  auto *row = new QHBoxLayout;
-  row->setSpacing(8);
+  auto *row = RowLayout();
   row->addWidget(title, 1);
-  for (QPushButton *button : {Reset, copy, save}) {
-    button->setProperty("slim", true);
-    row->addWidget(button);
-  }
+  for (QPushButton *button : {Reset, copy, save}) row->addWidget(Slim(button));
   column->addLayout(row);
   column->addWidget(Chart, 1);
   return cell;
@@ -172,14 +143,7 @@ QWidget *PressureWindow::BuildStrip() {
   grid->setContentsMargins(0, 4, 0, 0);
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(4);
-  int place = 0;
-  for (const auto &f : Figures) {
-    auto *figure = Bind(Controls, f.Control, new FigureLabel(f.Caption, f.Unit));
-    figure->setAccessibleName(f.Caption);
-    grid->addWidget(figure, place / 5, place % 5);
-    grid->setColumnStretch(place % 5, 1);
-    ++place;
-  }
+  AddFigures(*grid, Controls, Figures, 5);
   auto *note = Bind(Controls, Ctl::Strip_Note, Quiet(new QLabel));
   note->setWordWrap(true);
   grid->addWidget(note, 2, 0, 1, 5);
@@ -197,7 +161,9 @@ QWidget *PressureWindow::BuildTable() {
   Table->setStyleSheet("QTreeView::item { padding: 0 8px; }");
   Table->header()->setStretchLastSection(false);
   connect(Table, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
-    if (item) PressItem(Ctl::Compare_Table, item->text(0));
+    if (!item) return;
+    Touch(Controls, Ctl::Compare_Table);
+    Controls.Send(PressOf(Ctl::Compare_Table, item->text(0).toStdString()));
   });
   return Table;
 }
@@ -220,24 +186,8 @@ QWidget *PressureWindow::BuildFoot() {
   return foot;
 }
 
-void PressureWindow::PressItem(Ctl control, const QString &item) {
-  Touch(Controls, control);
-  Event e;
-  e.Target = control;
-  e.Text = item.toStdString();
-  Controls.Send(e);
-}
-
 void PressureWindow::CopyChoice(const Control &from) {
-  const QSignalBlocker quiet(Choice);
-  bool same = Choice->count() == static_cast<int>(from.Item.size());
-  for (int i = 0; same && i < Choice->count(); ++i)
-    same = Choice->itemText(i).toStdString() == from.Item[static_cast<std::size_t>(i)];
-  if (!same) {
-    Choice->clear();
-    for (const std::string &item : from.Item) Choice->addItem(QString::fromStdString(item));
-  }
-  Choice->setCurrentIndex(from.Index);
+  CopyItems(*Choice, from);
   const QString source = QString::fromStdString(from.Hint);
   Choice->setToolTip(source.isEmpty() ? "Propellant" : "<p>" + source.toHtmlEscaped() + "</p>");
 }
@@ -256,14 +206,7 @@ void PressureWindow::CopyTable(const TextTable &table, const Control &from, cons
 void PressureWindow::Copy(const Screen &screen, const Theme &theme) {
   Mirror(Controls, screen);
   InputsHead->setText(QString::fromStdString(screen[Ctl::Pressure_Inputs].Text).replace("&&", "&"));
-  for (const InputRow &input : Inputs) {
-    auto *box = qobject_cast<QLineEdit *>(Find(Controls, input.Box));
-    if (!box) continue;
-    const QString why = QString::fromStdString(screen[input.Box].Hint);
-    SetMark(*box, !why.isEmpty());
-    box->setToolTip(why);
-    box->setPlaceholderText({});
-  }
+  MarkFields(Controls, screen);
   if (auto *note = qobject_cast<QLabel *>(Find(Controls, Ctl::Strip_Note))) {
     note->setVisible(!LowScreen());
     note->parentWidget()->setToolTip(note->text());
@@ -297,23 +240,7 @@ void PressureWindow::resizeEvent(QResizeEvent *event) {
   QWidget::resizeEvent(event);
 }
 
-void PressureWindow::SendClose() {
-  Event e;
-  e.What = Event::Kind::Close;
-  e.Target = Ctl::Pressure_Results;
-  Controls.Send(e);
-}
-
-void PressureWindow::closeEvent(QCloseEvent *close) {
-  close->ignore();
-  SendClose();
-}
-
-void PressureWindow::keyPressEvent(QKeyEvent *key) {
-  if (key->key() == Qt::Key_Escape) return SendClose();
-  if (key->matches(QKeySequence::Copy)) {
-    auto *title = qobject_cast<QLabel *>(Find(Controls, Ctl::MyChart_3_Frame));
-    return Chart->CopyToClipboard(title ? title->text() : QString());
-  }
-  QWidget::keyPressEvent(key);
+void PressureWindow::CopyOut() {
+  auto *title = qobject_cast<QLabel *>(Find(Controls, Ctl::MyChart_3_Frame));
+  Chart->CopyToClipboard(title ? title->text() : QString());
 }

@@ -1,5 +1,5 @@
 #pragma once
-#include "desktop/bindings.h"
+#include "desktop/side_window.h"
 
 class PlotView;
 class QBoxLayout;
@@ -8,16 +8,14 @@ class QPushButton;
 class QTreeWidget;
 
 // Pressure_Results, beside the drawing: charts of the burn over time, its inputs, figures and comparison.
-class PressureWindow final : public QWidget {
+class PressureWindow final : public SideWindow {
 public:
   PressureWindow(Sender, QWidget *parent);
   void Copy(const Screen &, const Theme &);
   void Place(const QRect &room); // at its first opening
-  Bindings Controls;
 
 protected:
-  void closeEvent(QCloseEvent *) override;
-  void keyPressEvent(QKeyEvent *) override;
+  void CopyOut() override;
   void resizeEvent(QResizeEvent *) override;
 
 private:
@@ -29,8 +27,6 @@ private:
   void CopyChoice(const Control &);
   void CopyTable(const TextTable &, const Control &, const Theme &);
   bool LowScreen() const; // has room for the least only
-  void SendClose();
-  void PressItem(Ctl, const QString &);
 
   PlotView *Chart = nullptr;
   QLabel *InputsHead = nullptr;

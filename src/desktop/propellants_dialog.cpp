@@ -1,4 +1,5 @@
 #include "desktop/dialogs.h"
+#include "desktop/form_parts.h"
 #include "desktop/panes.h"
 
 #include <QGridLayout>
@@ -17,12 +18,6 @@ constexpr Row Rows[] = {{Ctl::Fuel_a, "Burn rate &a", "mm/s at Pa"},
                         {Ctl::Fuel_Isp, "&Isp", "s"},
                         {Ctl::Fuel_Lowest, "Pressure &from", "MPa"},
                         {Ctl::Fuel_Highest, "Pressure &to", "MPa"}};
-
-QLabel *LabelOf(const char *text, QWidget *box) {
-  auto *label = new QLabel(text);
-  label->setBuddy(box);
-  return label;
-}
 } // namespace
 
 FormDialog *MakePropellants(Sender send, QWidget *parent) {

@@ -6,6 +6,7 @@
 #include "desktop/panes.h"
 #include "desktop/property_pane.h"
 #include "desktop/tools_pane.h"
+#include "platform/events.h"
 
 #include <QGridLayout>
 #include <QPushButton>
@@ -24,11 +25,7 @@ QWidget *BuildGrain(Bindings &bindings) {
   auto *edit = new QPushButton;
   edit->setObjectName("Grain_Edit");
   bindings.List.push_back({Ctl::mnuDims, edit, {}, true});
-  QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] {
-    Event e;
-    e.Target = Ctl::mnuDims;
-    bindings.Send(e);
-  });
+  QObject::connect(edit, &QPushButton::clicked, edit, [&bindings] { bindings.Send(PressOf(Ctl::mnuDims)); });
   edit->setProperty("slim", true);
   auto *head = new QHBoxLayout;
   head->addWidget(Head("Grain"), 1);

@@ -4,6 +4,7 @@
 #include "desktop/event_codes.h"
 #include "desktop/panes.h"
 #include "desktop/theme.h"
+#include "platform/events.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -24,11 +25,7 @@ protected:
     }
     if (event->type() != QEvent::KeyPress) return false;
     const auto &key = static_cast<const QKeyEvent &>(*event);
-    Event e;
-    e.What = Event::Kind::Key;
-    e.Target = Ctl::HotKeys;
-    e.KeyCode = KeyCode(key);
-    e.Shift = ShiftCode(key.modifiers());
+    const Event e = KeyIn(Ctl::HotKeys, KeyCode(key), ShiftCode(key.modifiers()));
     if (e.KeyCode != 0) Send(e);
     return true;
   }

@@ -1,4 +1,5 @@
 #include "platform/scripted_screen.h"
+#include "platform/events.h"
 
 #include <algorithm>
 #include <array>
@@ -127,16 +128,8 @@ std::optional<std::uint32_t> ScriptedScreen::AskColour(std::uint32_t) {
 bool ScriptedScreen::AnswerQuestion() {
   const auto text = TakeAnswer("answer");
   if (!text) return false;
-  Event event;
-  if (*text != "cancel") {
-    event.What = Event::Kind::Text;
-    event.Target = Ctl::Question_Value;
-    event.Text = *text;
-    OnEvent(event);
-  }
-  event = {};
-  event.Target = *text == "cancel" ? Ctl::Question_Cancel : Ctl::Question_OK;
-  OnEvent(event);
+  if (*text != "cancel") OnEvent(TextIn(Ctl::Question_Value, *text));
+  OnEvent(PressOf(*text == "cancel" ? Ctl::Question_Cancel : Ctl::Question_OK));
   return true;
 }
 

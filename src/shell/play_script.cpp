@@ -1,6 +1,7 @@
 #include "shell/play_script.h"
 
 #include "drafting/hot_keys.h"
+#include "platform/events.h"
 #include "shell/design_view.h"
 #include "shell/dialogs.h"
 #include "shell/dispatch.h"
@@ -49,17 +50,8 @@ void Send(Player &p, const Event &event) {
   if ((window && !p.Out[*window].Visible) || !p.Out[p.Field].Visible) p.Field = Ctl::DrawPanel;
 }
 
-void SendAt(Player &p, Event::Kind what, Ctl target, double x, double y, int button = 0, double notches = 0,
-            int shift = 0) {
-  Event e;
-  e.Shift = shift;
-  e.What = what;
-  e.Target = target;
-  e.X = x;
-  e.Y = y;
-  e.Button = button;
-  e.Notches = notches;
-  Send(p, e);
+void SendMouse(Player &p, Event::Kind what, double x, double y, int button = 0, int shift = 0) {
+  Send(p, MouseAt(what, Ctl::DrawPanel, x, y, button, shift));
 }
 
 // Of a name that stands in several windows the one in the window that is open.
@@ -134,9 +126,7 @@ void Key(Player &p, std::string_view rest) { // NAME, or NAME in CONTROL
   constexpr std::string_view in = " in ";
   const auto where = rest.find(in);
   if (where != rest.npos && !Name(p, rest.substr(where + in.size()), p.Field)) return;
-  Event e;
-  e.What = Event::Kind::Key;
-  e.Target = p.Field;
+  Event e = KeyIn(p.Field, 0);
   if (!ReadKeyName(rest.substr(0, where), e))
     return Fail(p.Out.Lines, "unknown key " + std::string(rest.substr(0, where)));
   Send(p, e);
@@ -150,25 +140,23 @@ void Grain(Player &p, std::string_view rest) {
   GrainDoc doc = p.Bench.Grain.Doc;
   SetDimensions(doc, diameter, length, throat, ends);
   PrefillDimensions(p.Bench, doc);
-  Event e;
-  e.Target = Ctl::Dimensions_Next;
-  Send(p, e);
+  Send(p, PressOf(Ctl::Dimensions_Next));
   ShowWholeGrain(p.Bench);
 }
 
 void Click(Player &p, double x, double y, int button, int shift) {
   p.Field = Ctl::DrawPanel;
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, x, y, 0, 0, shift);
-  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, x, y, button, 0, shift);
-  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, x, y, button, 0, shift);
+  SendMouse(p, Event::Kind::MouseMove, x, y, 0, shift);
+  SendMouse(p, Event::Kind::MouseDown, x, y, button, shift);
+  SendMouse(p, Event::Kind::MouseUp, x, y, button, shift);
 }
 
 void Drag(Player &p, const std::array<double, 4> &at, int shift) {
   p.Field = Ctl::DrawPanel;
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1], 0, 0, shift);
-  SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at[0], at[1], 1, 0, shift);
-  SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[2], at[3], 0, 0, shift);
-  SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at[2], at[3], 1, 0, shift);
+  SendMouse(p, Event::Kind::MouseMove, at[0], at[1], 0, shift);
+  SendMouse(p, Event::Kind::MouseDown, at[0], at[1], 1, shift);
+  SendMouse(p, Event::Kind::MouseMove, at[2], at[3], 0, shift);
+  SendMouse(p, Event::Kind::MouseUp, at[2], at[3], 1, shift);
 }
 
 // Alt behind the numbers: it was held.
@@ -192,13 +180,13 @@ bool Mouse(Player &p, std::string_view verb, std::string_view rest) {
   else if (verb == "drag" && Numbers(rest, at4))
     Drag(p, at4, shift);
   else if (verb == "move" && Numbers(rest, at))
-    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at[0], at[1], 0, 0, shift);
+    SendMouse(p, Event::Kind::MouseMove, at[0], at[1], 0, shift);
   else if (verb == "wheel" && Numbers(rest, at3))
-    SendAt(p, Event::Kind::Wheel, Ctl::DrawPanel, at3[0], at3[1], 0, at3[2]);
+    Send(p, WheelAt(Ctl::DrawPanel, at3[0], at3[1], at3[2]));
   else if (verb == "pan" && Numbers(rest, at4)) {
-    SendAt(p, Event::Kind::MouseDown, Ctl::DrawPanel, at4[0], at4[1], 4);
-    SendAt(p, Event::Kind::MouseMove, Ctl::DrawPanel, at4[2], at4[3]);
-    SendAt(p, Event::Kind::MouseUp, Ctl::DrawPanel, at4[2], at4[3], 4);
+    SendMouse(p, Event::Kind::MouseDown, at4[0], at4[1], 4);
+    SendMouse(p, Event::Kind::MouseMove, at4[2], at4[3]);
+    SendMouse(p, Event::Kind::MouseUp, at4[2], at4[3], 4);
   } else
     return false;
   return true;
@@ -267,7 +255,7 @@ void PlayLine(Player &p) {
     Ctl chart;
     double part;
     if (!Name(p, Word(rest), chart)) return;
-    if (Number(rest, part)) return SendAt(p, Event::Kind::MouseMove, chart, part, 0.5);
+    if (Number(rest, part)) return Send(p, MouseAt(Event::Kind::MouseMove, chart, part, 0.5));
   }
   if (verb == "drop" || verb == "close") {
     Event e;

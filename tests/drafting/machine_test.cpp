@@ -1,4 +1,5 @@
 // The command machine as a whole: every command from idle and back, and drawings made of random events.
+#include "platform/events.h"
 #include "rounds.h"
 #include "shell/journey.h"
 
@@ -39,20 +40,12 @@ struct ChanceScreen : Screen {
   std::optional<std::uint32_t> AskColour(std::uint32_t) override { return Below(0x1000000); }
   void RunModal(Form form) override {
     for (int i = 0; i < 12 && (*this)[WindowOf(form)].Visible; ++i) {
-      Event e;
       if (form == Form::Question) {
-        e.What = Event::Kind::Text;
-        e.Target = Ctl::Question_Value;
-        e.Text = i < 10 ? Number() : "";
-        OnEvent(e);
-        e = {};
-        e.Target = Below(12) ? Ctl::Question_OK : Ctl::Question_Cancel;
+        OnEvent(TextIn(Ctl::Question_Value, i < 10 ? Number() : ""));
+        OnEvent(PressOf(Below(12) ? Ctl::Question_OK : Ctl::Question_Cancel));
       } else {
-        e.What = Event::Kind::Key;
-        e.Target = WindowOf(form);
-        e.KeyCode = 27;
+        OnEvent(KeyIn(WindowOf(form), 27));
       }
-      OnEvent(e);
     }
     (*this)[WindowOf(form)].Visible = false;
   }
@@ -79,14 +72,8 @@ struct Machine : Journey {
   }
   void Send(Event::Kind what, Ctl target, double x = 0, double y = 0, int button = 0, int key = 0,
             int shift = 0, const std::string &text = "") {
-    Event e;
-    e.What = what;
-    e.Target = target;
-    e.X = x;
-    e.Y = y;
-    e.Button = button;
+    Event e = MouseAt(what, target, x, y, button, shift);
     e.KeyCode = key;
-    e.Shift = shift;
     e.Text = text;
     Dispatch(*Made, e);
   }

@@ -6,6 +6,7 @@
 #include "drafting/selection.h"
 #include "drafting/view.h"
 #include "geometry/carrier.h"
+#include "platform/events.h"
 
 #include <gtest/gtest.h>
 
@@ -39,14 +40,7 @@ struct Preview : testing::Test {
   double Between(double least, double most) {
     return std::uniform_real_distribution<double>(least, most)(Luck);
   }
-  Event At(Point p, int shift = 0) {
-    Event e;
-    e.X = p.X;
-    e.Y = p.Y;
-    e.Button = 1;
-    e.Shift = shift;
-    return e;
-  }
+  Event At(Point p, int shift = 0) { return MouseAt(Event::Kind::Press, Ctl::DrawPanel, p.X, p.Y, 1, shift); }
   void Move(Point p, int shift = 0) { MouseMove(Draft, At(p, shift)); }
   void Click(Point p) {
     MouseDown(Draft, At(p));

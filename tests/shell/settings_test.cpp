@@ -1,3 +1,4 @@
+#include "platform/events.h"
 #include "shell/journey.h"
 
 #include "drafting/hot_keys.h"
@@ -20,10 +21,7 @@ struct Settings : Journey {
   }
   void RightPress(Ctl tool, const std::string &script) {
     Screen().Lines = ReadScript(script);
-    Event e;
-    e.Target = tool;
-    e.Button = 2;
-    Dispatch(Bench(), e);
+    Dispatch(Bench(), PressOf(tool, {}, 2));
     PlayScript(Screen());
     EXPECT_EQ(Screen().Lines.Fault, "") << script;
   }

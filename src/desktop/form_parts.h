@@ -1,0 +1,30 @@
+#pragma once
+#include "desktop/bindings.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <span>
+
+class QComboBox;
+class QGridLayout;
+class QPushButton;
+
+// What forms of many numbers are made of.
+
+QHBoxLayout *RowLayout(int space = 8); // without margins, as the next two
+QVBoxLayout *ColumnLayout(QWidget *pane, int space);
+QGridLayout *GridLayout(QWidget *pane, int across, int down);
+QLabel *LabelOf(const QString &text, QWidget *box); // "&" before its key
+QPushButton *Slim(QPushButton *);
+QLineEdit *NumberField(Bindings &, Ctl, const QString &name, int digits);
+QComboBox *ItemBox(Bindings &, Ctl, const char *name); // a list to pick from; sends Press with the item
+void CopyItems(QComboBox &, const Control &);
+
+struct FigurePlace {
+  Ctl Control;
+  const char *Caption, *Unit;
+};
+void AddFigures(QGridLayout &, Bindings &, std::span<const FigurePlace>, int columns);
+
+void SetMark(QWidget &field, bool bad);
+void MarkFields(Bindings &, const Screen &); // each field whose hint says what is wrong with it
