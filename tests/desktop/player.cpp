@@ -220,8 +220,12 @@ Outcome Uncut(QWidget &whole) {
 
 // As the wheel over a pane would.
 void ScrollTo(QWidget &widget) {
-  for (QWidget *around = widget.parentWidget(); around; around = around->parentWidget())
-    if (auto *area = qobject_cast<QScrollArea *>(around)) area->ensureWidgetVisible(&widget);
+  for (QWidget *around = widget.parentWidget(); around; around = around->parentWidget()) {
+    auto *area = qobject_cast<QScrollArea *>(around);
+    if (!area || !area->widget()->isAncestorOf(&widget)) continue;
+    const QPoint middle = widget.mapTo(area->widget(), widget.rect().center()); // not its caret alone
+    area->ensureVisible(middle.x(), middle.y(), widget.width() / 2 + 8, widget.height() / 2 + 8);
+  }
 }
 
 Outcome Press(const QString &name, Qt::MouseButton mouse = Qt::LeftButton) {
@@ -271,6 +275,7 @@ void ClickInDrawing(const Player &player, Qt::MouseButton button, const QList<do
 Outcome TypeText(Player &player, const QString &name, const QString &value) {
   auto *field = FindIn<QLineEdit>(name);
   if (!field || !field->isVisible()) return {Step::Later, "not there"};
+  ScrollTo(*field);
   const QPoint middle = field->mapTo(field->window(), field->rect().center());
   if (field->window()->childAt(middle) != field) return {Step::Later, "not in its place yet"};
   Click(*field, field->rect().center());
@@ -375,8 +380,10 @@ Outcome Perform(Player &player, const QString &line) {
     return State(verb, name);
   if (verb == "key") {
     QWidget *front = QApplication::activeModalWidget() ? Front() : QApplication::activeWindow();
+    if (const QWidget *focus = QApplication::focusWidget(); !front && focus) front = focus->window();
     for (QWidget *window : QApplication::topLevelWidgets()) // without a window manager none may be active
-      if (!front && window->isVisible() && window->parentWidget()) front = window;
+      if (!front && window->isVisible() && window->parentWidget() && window->windowType() == Qt::Window)
+        front = window;
     if (!front) front = Front();
     if (!front) return {Step::Later, "no window"};
     QTest::keySequence(front->windowHandle(), QKeySequence(line.section(' ', 1)));
