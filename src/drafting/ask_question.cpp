@@ -19,6 +19,22 @@ std::string Objection(const Question &q, double value) {
     return "ERROR: A number from " + PlainText(q.Least) + " to " + PlainText(q.Most) + " must be entered";
   return {};
 }
+
+// None left: as if cancelled.
+std::optional<double> Recorded(Drafting &d, const Question &q) {
+  Replay &play = d.Play;
+  if (play.Taken == play.Answer.size()) {
+    play.Unanswered = true;
+    return std::nullopt;
+  }
+  const double value = play.Answer[play.Taken++];
+  if (const std::string objection = Objection(q, value); !objection.empty()) {
+    Report(d, objection + " (" + std::string(q.Label) + " " + PlainText(value) + ")");
+    return std::nullopt;
+  }
+  d.Answers.push_back({value, {}});
+  return value;
+}
 } // namespace
 
 bool IsPlainNumber(const std::string &text) {
@@ -42,6 +58,7 @@ std::optional<double> FieldValue(Drafting &d, std::string_view text) {
 }
 
 std::optional<double> AskQuestion(Drafting &d, const Question &q) {
+  if (d.Play.On) return Recorded(d, q);
   Screen &out = d.Out;
   std::string text = PlainText(q.Value);
   for (;;) {

@@ -11,6 +11,7 @@
 #include "drafting/report.h"
 #include "drafting/rotation_draw.h"
 #include "drafting/selection.h"
+#include "drafting/tracker.h"
 #include "drafting/transforms.h"
 #include "drafting/typing.h"
 #include "drafting/zoom_window.h"
@@ -95,6 +96,67 @@ void TakePointer(Drafting &d, const Event &event) {
 
 double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) / 100; }
 
+// What tells whether an input has left the command without a word in the log: a question was cancelled.
+struct Standing {
+  std::size_t Logged;
+  bool Stood;
+  explicit Standing(const Drafting &d)
+      : Logged(d.Log.Row.size()), Stood(d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0) {}
+};
+
+void LogLeft(Drafting &d, const Standing &before) {
+  const bool idle = d.Cmd.CmdNo == 0 && d.Cmd.SelectCount == 0;
+  if (!d.Log.On || !before.Stood || !idle || d.Log.Row.size() != before.Logged) return;
+  d.Answers.clear();
+  LogInput(d, LogEscape);
+}
+
+// What an input that came to nothing puts back while a recording runs, since the log knows nothing of it.
+struct Moment {
+  CommandState Cmd;
+  SelectionValues Select;
+  std::array<bool, BackFrames.size() + Lists.size()> Shown{};
+  std::bitset<301> Marked;
+  std::size_t Logged;
+  unsigned Changes;
+};
+
+template <class Flag>
+void EachFrame(Drafting &d, Flag flag) {
+  std::size_t i = 0;
+  for (const Ctl c : BackFrames) flag(c == Ctl::DrawPanel ? d.Out[c].Enabled : d.Out[c].Visible, i++);
+  for (const Ctl c : Lists) flag(d.Out[c].Visible, i++);
+}
+
+Moment MomentOf(Drafting &d) {
+  Moment m{d.Cmd, d.Select, {}, {}, d.Log.Row.size(), d.Changes};
+  EachFrame(d, [&](const bool &shown, std::size_t i) { m.Shown[i] = shown; });
+  for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
+    m.Marked[static_cast<std::size_t>(i)] = RowAt(d.Grain.Table, i).Selected;
+  return m;
+}
+
+void PutBackFailed(Drafting &d, const Moment &m) {
+  if (!d.Grain.GeomAbort || d.Log.Row.size() != m.Logged || d.Changes != m.Changes ||
+      d.Cmd.CmdNo != m.Cmd.CmdNo)
+    return;
+  d.Cmd = m.Cmd;
+  d.Select = m.Select;
+  EachFrame(d, [&](bool &shown, std::size_t i) { shown = m.Shown[i]; });
+  for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
+    RowAt(d.Grain.Table, i).Selected = m.Marked[static_cast<std::size_t>(i)];
+}
+
+template <class Input>
+void Recorded(Drafting &d, Input input) {
+  if (!d.Log.On) return input();
+  const Standing stood(d);
+  const Moment before = MomentOf(d);
+  input();
+  PutBackFailed(d, before);
+  LogLeft(d, stood);
+}
+
 bool WantsCorner(const Drafting &d) { return d.Cmd.WindowSelect || d.Cmd.CmdNo == ZoomCommand; }
 } // namespace
 
@@ -102,11 +164,14 @@ bool WantsCorner(const Drafting &d) { return d.Cmd.WindowSelect || d.Cmd.CmdNo =
 void ClickHeld(Drafting &d, Point at) {
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
   if (!row) return;
+  if ((d.Log.On || d.Play.On) && !d.Typed.Entered) at = NarrowPoint(at);
+  const Standing stood(d);
   d.Grain.GeomAbort = false;
   const CommandState before = d.Cmd;
   const EntityTable rows = d.Grain.Table; // for the marks of picked rows
   const std::vector<Point> marks = d.Marks;
   const std::size_t logged = d.Log.Row.size();
+  const DraftDefaults defaults = d.Grain.Defaults;
   const unsigned changes = d.Changes;
   if (row->CmdNo != ZoomCommand) PushBack(d);
   d.Cmd.PickFound = false;
@@ -119,7 +184,10 @@ void ClickHeld(Drafting &d, Point at) {
     d.Marks = marks;
     for (int i = 0; i <= rows.EntCount; ++i) RowAt(d.Grain.Table, i).Selected = RowAt(rows, i).Selected;
     d.Log.Row.resize(std::min(logged, d.Log.Row.size()));
+    if (d.Log.On) d.Grain.Defaults = defaults; // values typed with it were logged with it
   }
+  d.Log.Place = {};
+  LogLeft(d, stood);
   d.Answers.clear();
   SetPrompt(d);
   RedrawPanel(d);
@@ -144,6 +212,7 @@ void LeaveCommand(Drafting &d) {
 
 void StartCommand(Drafting &d, const CommandRow &row) {
   if (row.CmdNo == ZoomCommand) return StartZoomWindow(d);
+  const Standing stood(d);
   const bool keeps = d.Cmd.CmdNo == 0 && d.Cmd.SelectCount > 0 && row.Enter; // works on the idle selection
   if (keeps)
     ToIdle(d);
@@ -158,20 +227,25 @@ void StartCommand(Drafting &d, const CommandRow &row) {
   d.Out.Focus = Ctl::DrawPanel;
   SetPrompt(d);
   RedrawPanel(d);
-  RefreshDrafting(d); // a question at the start stands over a screen that is true
+  if (d.Grain.MacroMode == PlayingMode)
+    RefreshPoints(d);
+  else
+    RefreshDrafting(d); // a question at the start stands over a screen that is true
   if (row.Start && !row.Start(d)) {
     d.Answers.clear();
-    return LeaveCommand(d);
+    LeaveCommand(d);
+    return LogLeft(d, stood);
   }
-  if (d.KeepWork) d.KeepWork();
+  if (d.KeepWork && d.Grain.MacroMode != PlayingMode) d.KeepWork();
   LogInput(d, row.CmdNo);
   SetPrompt(d);
   RedrawPanel(d);
 }
 
 void Back(Drafting &d, int button) {
-  if (d.Grain.MacroMode == PlayingMode) return;
+  if (d.Grain.MacroMode == PlayingMode && !d.Play.On) return;
   d.Grain.GeomAbort = false;
+  const Standing stood(d);
   const bool idle = d.Cmd.CmdNo == 0;
   if (idle && d.Cmd.SelectCount == 0) {
     d.Out[Ctl::HotKeyList].Visible = false;
@@ -187,13 +261,16 @@ void Back(Drafting &d, int button) {
   if (!idle) LogInput(d, LogClick, d.Cmd.ClickX, d.Cmd.ClickY, button); // with what the step asked
   if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
   if (!idle && d.Cmd.CmdNo == 0) return; // a cancelled question left the command
-  if (!steps || !RestoreBack(d)) return LeaveCommand(d);
+  if (!steps || !RestoreBack(d)) {
+    LeaveCommand(d);
+    return LogLeft(d, stood);
+  }
   SetPrompt(d);
   RedrawPanel(d);
 }
 
 void Escape(Drafting &d) {
-  if (d.Cmd.CmdNo != 0) LogInput(d, LogEscape);
+  if (d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0) LogInput(d, LogEscape);
   if (d.Cmd.CmdNo == ZoomCommand) return LeaveZoomWindow(d);
   LeaveCommand(d);
 }
@@ -265,21 +342,31 @@ bool StartsAgain(const Drafting &d, const Event &event) {
 }
 } // namespace
 
+void DeleteKey(Drafting &d) {
+  constexpr int deleteEntities = 86;
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (d.Cmd.CmdNo == 0 && d.Cmd.SelectCount > 0)
+    LogInput(d, deleteEntities); // its button does the same
+  else if (d.Cmd.CmdNo == ZoomCommand)
+    for (int left = 0; left < 2; ++left) LogInput(d, LogEscape); // the zoom, and what it stands over
+  else if (row)
+    LogInput(d, row->Enter ? static_cast<int>(LogDeleteKey) : static_cast<int>(LogEscape));
+  if (!row || row->Enter) DeleteSelected(d);
+  LeaveCommand(d);
+}
+
 void PanelKey(Drafting &d, const Event &event) {
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
   if (StartsAgain(d, event)) return StartCommand(d, *FindCommand(d.LastTool));
   switch (event.KeyCode) {
   case 13:
     d.Grain.GeomAbort = false;
-    if (row && row->Enter) row->Enter(d);
+    if (row && row->Enter) Recorded(d, [&] { row->Enter(d); });
     SetPrompt(d);
     RedrawPanel(d);
     break;
   case 27: Escape(d); break;
-  case 46:
-    if (!row || row->Enter) DeleteSelected(d);
-    LeaveCommand(d);
-    break;
+  case 46: DeleteKey(d); break;
   case 9:
     if (d.Out[Ctl::End_Frame].Visible && d.Out[Ctl::End_Frame].Height > NarrowFrame)
       d.Out.Focus = Ctl::X_Input;
@@ -294,7 +381,7 @@ bool PressDrafting(Drafting &d, const Event &event) {
     for (const ButtonRow &row : rows)
       if (row.Target == event.Target) {
         d.Grain.GeomAbort = false;
-        row.Action(d, event);
+        Recorded(d, [&] { row.Action(d, event); });
         d.Answers.clear();
         SetPrompt(d);
         RedrawPanel(d);
@@ -315,7 +402,7 @@ void PutBack(Drafting &d, bool (*change)(Drafting &)) {
     RestartCommand(d);
   if (change(d)) {
     ++d.Changes;
-    if (d.KeepWork) d.KeepWork();
+    if (d.KeepWork && d.Grain.MacroMode != PlayingMode) d.KeepWork();
   }
   SetPrompt(d);
   RedrawPanel(d);
@@ -323,10 +410,12 @@ void PutBack(Drafting &d, bool (*change)(Drafting &)) {
 } // namespace
 
 void UndoChange(Drafting &d) {
-  PutBack(d, [](Drafting &x) { return Undo(x.Ring, x.Grain.Table, x.Grain.MacroMode); });
+  LogInput(d, LogUndo);
+  PutBack(d, [](Drafting &x) { return Undo(x.Ring, x.Grain.Table, x.Play.Undoes ? 0 : x.Grain.MacroMode); });
 }
 
 void RedoChange(Drafting &d) {
+  LogInput(d, LogRedo);
   PutBack(d, [](Drafting &x) { return Redo(x.Ring, x.Grain.Table); });
 }
 

@@ -19,6 +19,7 @@ void ClickAt(Drafting &, Point);
 // At the position where the pointer, which is at ClickX, ClickY, is held.
 void ClickHeld(Drafting &, Point);
 
+void DeleteKey(Drafting &);                    // the selection goes, and the command is left
 void PanelKey(Drafting &, const Event &);      // Enter, Delete, Tab, Escape on DrawPanel
 bool PressDrafting(Drafting &, const Event &); // tools, frames, lists, modes; false: not ours
 void UndoChange(Drafting &);                   // in mid-command the picks are dropped first

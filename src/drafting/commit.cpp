@@ -36,6 +36,10 @@ void ClearMarks(Drafting &d) {
 }
 
 void RedrawPanel(Drafting &d) {
+  if (d.Grain.MacroMode == 2) {
+    if (d.Play.On) FoldArcAngles(d.Grain.Table); // as the drawing of the recorded session did
+    return;
+  }
   Redraw(d.Out.Panel, d.Grain, d.Marks);
   if (d.MarkFaults) d.MarkFaults();
 }
@@ -59,12 +63,12 @@ bool Apply(Drafting &d, const Solution &solution, std::string_view name) {
   }
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
   if (name.empty()) name = row ? RowOf(row->Button).Text : "Delete"; // idle, a key deletes
-  TakeSnapshot(d.Ring, before, grain.MacroMode, name);
+  TakeSnapshot(d.Ring, before, d.Play.Undoes ? 0 : grain.MacroMode, name);
   ++d.Changes;
   ClearMarks(d);
   grain.SavedFlag = false;
   RedrawPanel(d);
-  if (d.KeepWork) d.KeepWork();
+  if (d.KeepWork && grain.MacroMode != 2) d.KeepWork();
   return true;
 }
 

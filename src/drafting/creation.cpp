@@ -66,7 +66,7 @@ std::optional<double> FrameValue(Drafting &d, Ctl field, std::vector<std::string
   }
   formulas.push_back(IsPlainNumber(text) ? std::string() : text);
   d.Out[field].Text = PlainText(*value);
-  return value;
+  return Val(d.Out[field].Text); // as it stands there, and in a log
 }
 
 std::string EnterText(std::span<const std::string> formulas) {

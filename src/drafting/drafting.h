@@ -113,8 +113,20 @@ struct AnswerGiven {
 
 // What X_Input and Y_Input hold, for the log of the point they make.
 struct TypedPoint {
-  int Named = 0; // the first so many are no coordinates but what their labels say
+  bool Entered = false; // the point at work comes from them
+  int Named = 0;        // the first so many are no coordinates but what their labels say
   std::array<AnswerGiven, 2> Field{};
+};
+
+// While a log is delivered: what stands in for the user.
+struct Replay {
+  bool On = false, Undoes = false; // Undoes: the log takes steps back, the ring is kept
+  std::vector<double> Answer;      // to the questions of this input, in order
+  std::size_t Taken = 0;
+  bool Unanswered = false;       // a question found none
+  int Row = -1, RowType = 0;     // the row picked when it was recorded, and its EntType
+  std::optional<Point> Offset{}; // of the next point
+  std::string Said;              // what a box would have said
 };
 
 struct HotKey {
@@ -150,6 +162,7 @@ struct Drafting {
   VariableTable Variables{};
   InstructionLog Log{};
   std::vector<AnswerGiven> Answers{};
+  Replay Play{};
   std::function<void()> KeepWork{};   // writes the recovery file
   std::function<void()> MarkFaults{}; // adds to the drawing, anew, what is amiss with it
   PropertyEdit Edit{};

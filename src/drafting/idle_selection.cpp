@@ -2,6 +2,7 @@
 #include "drafting/point_modes.h"
 #include "drafting/report.h"
 #include "drafting/selection.h"
+#include "drafting/tracker.h"
 #include "geometry/carrier.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ bool Dragged(const Drafting &d, Point at) {
 void SelectOne(Drafting &d, Point at) {
   const PickedRow pick = PickEntity(d, at, AnyType, "", LogSelectEnt, true);
   if (!pick.Found) {
-    d.Grain.GeomAbort = false;
+    d.Grain.GeomAbort = d.Play.On;
     return;
   }
   if (pick.Row.Selected)
@@ -44,12 +45,24 @@ void IdleRelease(Drafting &d, Point at) {
   if (!d.Select.Dragging) return;
   d.Select.Dragging = false;
   if (Dragged(d, at)) {
-    const Point from = Anchor(d);
-    MarkWindow(d, from, at);
-    LogInput(d, LogClick, from.X, from.Y, 1);
-    LogInput(d, LogClick, at.X, at.Y, 1);
+    IdleWindow(d, Anchor(d), at);
   } else {
-    SelectOne(d, at);
+    IdlePick(d, at);
   }
+}
+
+void IdleWindow(Drafting &d, Point from, Point to) {
+  if (d.Log.On || d.Play.On) {
+    from = NarrowPoint(from);
+    to = NarrowPoint(to);
+  }
+  MarkWindow(d, from, to);
+  LogInput(d, LogClick, from.X, from.Y, 1);
+  LogInput(d, LogClick, to.X, to.Y, 1);
+  d.Cmd.SelectCount = static_cast<std::int16_t>(CountSelected(d.Grain.Table));
+}
+
+void IdlePick(Drafting &d, Point at) {
+  SelectOne(d, d.Log.On || d.Play.On ? NarrowPoint(at) : at);
   d.Cmd.SelectCount = static_cast<std::int16_t>(CountSelected(d.Grain.Table));
 }

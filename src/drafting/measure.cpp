@@ -49,6 +49,7 @@ bool ShowArea(Drafting &d) {
     LeaveCommand(d);
     return false;
   }
+  if (d.Play.On) return true; // nobody looks at it
   const GrainDoc &doc = d.Grain.Doc;
   const AreaScan scan =
       ScanArea(d.Grain.Table, static_cast<double>(doc.GrainRadius), *resolution, true, doc.JoinTolerance);

@@ -43,7 +43,7 @@ bool Evaluate(Drafting &d, Ctl field) {
   AnswerGiven &kept = d.Typed.Field[field == Ctl::X_Input ? 0 : 1];
   const std::string shown = PlainText(*value);
   if (!IsPlainNumber(text)) kept.Formula = text;
-  kept.Value = *value;
+  kept.Value = Val(shown); // as it stands there, and in a log
   d.Out[field].Text = shown;
   return true;
 }
@@ -70,8 +70,10 @@ template <typename Deliver>
 void AsTyped(Drafting &d, Deliver deliver) {
   const std::int32_t mode = d.Cmd.RefType;
   d.Cmd.RefType = KeyInRef;
+  d.Typed.Entered = true;
   d.Out.Focus = Ctl::DrawPanel;
   deliver();
+  d.Typed.Entered = false;
   const bool failed = d.Grain.GeomAbort && d.Cmd.CmdNo != 0;
   if (!failed) ClearFields(d);
   d.Cmd.RefType = mode == KeyInRef && !failed ? static_cast<std::int32_t>(CursorRef) : mode;
@@ -80,7 +82,7 @@ void AsTyped(Drafting &d, Deliver deliver) {
 
 void TakeDiameter(Drafting &d, const AnswerGiven &diameter) {
   const CommandRow &row = *FindCommand(d.Cmd.CmdNo);
-  d.Typed = {1, {diameter, {}}};
+  d.Typed = {false, 1, {diameter, {}}};
   AsTyped(d, [&] { row.Typed(d, diameter.Value); });
 }
 
@@ -89,8 +91,9 @@ void TakeValue(Drafting &d) { // the command's own, from X_Input
   const AnswerGiven given = d.Typed.Field[0];
   d.Grain.GeomAbort = false;
   d.Out.Focus = row.YLabel ? Ctl::Y_Input : Ctl::DrawPanel;
+  const std::size_t logged = d.Log.Row.size();
   row.Typed(d, given.Value);
-  if (!d.Grain.GeomAbort) {
+  if (!d.Grain.GeomAbort && d.Log.Row.size() == logged) { // else the picks were given back
     const std::string entered = given.Formula.empty() ? "ENTERKEY" : given.Formula;
     if (row.YLabel || row.Enter)
       LogInput(d, LogXInput, given.Value, 0, 0, given.Formula);
@@ -116,12 +119,16 @@ void KeepTyped(Drafting &d, FieldUse use, Point at) {
   if (use == FieldUse::Size) given = {at.X - last.X, at.Y - last.Y};
   d.Typed.Named = use == FieldUse::Position ? 0 : 2;
   for (std::size_t i = 0; i < given.size(); ++i)
-    if (Blank(TextOf(d, i == 0 ? Ctl::X_Input : Ctl::Y_Input))) d.Typed.Field[i] = {given[i], {}};
+    if (const Ctl field = i == 0 ? Ctl::X_Input : Ctl::Y_Input; Blank(TextOf(d, field))) {
+      if (d.Log.On) d.Out[field].Text = PlainText(given[i]); // as a log holds it
+      d.Typed.Field[i] = {d.Log.On ? Val(TextOf(d, field)) : given[i], {}};
+    }
 }
 
 void MakePoint(Drafting &d, FieldUse use) {
-  const Point at = FieldPoint(d, {d.Cmd.TrackX, d.Cmd.TrackY});
-  KeepTyped(d, use, at);
+  const Point pointer{d.Cmd.TrackX, d.Cmd.TrackY};
+  KeepTyped(d, use, FieldPoint(d, pointer));
+  const Point at = FieldPoint(d, pointer);
   AsTyped(d, [&] { ClickAt(d, at); });
 }
 
@@ -214,6 +221,7 @@ void FieldKey(Drafting &d, const Event &event) {
   case TabKey: d.Out.Focus = first && d.Out[Ctl::Y_Input].Visible ? Ctl::Y_Input : Ctl::X_Input; return;
   case EscapeKey:
     d.Cmd.RefType = d.Log.On ? CentreRef : CursorRef;
+    LogInput(d, LogRefType + d.Cmd.RefType);
     ClearFields(d);
     d.Out.Focus = Ctl::DrawPanel;
     return Refresh(d);

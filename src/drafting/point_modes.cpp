@@ -8,6 +8,7 @@
 #include "geometry/cut_core.h"
 
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -35,6 +36,12 @@ struct Offset {
 
 bool AskOffset(Drafting &d, Offset &offset) {
   if (!d.Cmd.DeltaPending) return true;
+  if (d.Play.On && d.Play.Offset) {
+    offset.DX = d.Play.Offset->X;
+    offset.DY = d.Play.Offset->Y;
+    d.Play.Offset.reset();
+    return true;
+  }
   const std::size_t before = d.Answers.size();
   if (d.Cmd.RefType == CursorRef) d.Out[Ctl::End_Frame].Text = "Indicate Start Point";
   offset.Asked = AskDelta(d, offset.DX, offset.DY);
@@ -73,10 +80,23 @@ void Append(Drafting &d, Point at) {
 }
 
 void LogPosition(Drafting &d, Point p) {
-  if (d.Cmd.RefType == KeyInRef)
+  // One coordinate was typed and the other pointed at.
+  for (const auto &[keyed, field, i] :
+       {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}})
+    if (d.Log.On && keyed && FieldsOf(d) == FieldUse::Position && !IsPlainNumber(d.Out[field].Text))
+      d.Log.Place[i] = d.Out[field].Text;
+  if (d.Typed.Entered)
     LogTypedPoint(d, p);
   else
     LogInput(d, LogClick, p.X, p.Y, 1);
+}
+
+// The row that was picked when the log was recorded, if it is still of its kind.
+bool RecordedRow(const Drafting &d, int typeMask, bool allowSelected) {
+  if (!d.Play.On || d.Play.Row < 0 || d.Play.Row > d.Grain.Table.EntCount) return false;
+  const Entity &e = RowAt(d.Grain.Table, d.Play.Row);
+  return (e.EntType & typeMask) != 0 && (d.Play.RowType == 0 || d.Play.RowType == e.EntType) &&
+         (allowSelected || !e.Selected);
 }
 
 double AngleApart(double a, double b) {
@@ -184,6 +204,9 @@ bool InputByPick(Drafting &d, Point p) {
 void ChooseMode(Drafting &d, const Event &event) {
   for (const Mode &mode : Modes) {
     if (mode.Button != event.Target) continue;
+    // A typed point leads back to the cursor.
+    if (mode.RefType == KeyInRef && d.Cmd.RefType != CursorRef && d.Cmd.RefType != KeyInRef)
+      LogInput(d, LogRefType + static_cast<int>(CursorRef));
     d.Cmd.RefType = mode.RefType;
     if (d.Cmd.CmdStep % 2 != 0) --d.Cmd.CmdStep; // an intersection begun is dropped
     d.Cmd.CrossingFirst = {};
@@ -234,6 +257,8 @@ PickedRow PickEntity(Drafting &d, Point p, int typeMask, std::string_view none, 
   }
   PickedRow pick = PickRow(d.Grain.Table, scope.SnapActive ? p : pointer, grainRadius, scope, grainCircle);
   if (pick.Found && scope.SnapActive) pick = RowPick(d.Grain.Table, pick.Index, pointer);
+  if (pick.Index != d.Play.Row && RecordedRow(d, typeMask, allowSelected))
+    pick = RowPick(d.Grain.Table, d.Play.Row, p);
   if (pick.GeomAbort) {
     Report(d, "ERROR: No Solution Found");
   } else if (!pick.Found) {
@@ -241,6 +266,7 @@ PickedRow PickEntity(Drafting &d, Point p, int typeMask, std::string_view none, 
     if (!none.empty()) Report(d, none, "ERROR", Icon::Stop);
   } else {
     d.Cmd.PickFound = true;
+    d.Log.PickedType = pick.Row.EntType;
     FlashRow(d, pick.Row);
     if (kind != 0) LogInput(d, kind, pick.Index, p.X, p.Y);
   }

@@ -120,10 +120,10 @@ Edited TypedRow(const Drafting &d) {
     at = field;
     const Formula typed = FieldFormula(d, d.Out[field].Text);
     if (!typed.Good()) return Refuse(field, "ERROR: " + typed.Message, title);
-    if (!(std::abs(typed.Value) <= MostLength)) return Refuse(field, Within(-MostLength, MostLength), title);
-    if (field == Ctl::Prop_Sweep && !(typed.Value > 0 && typed.Value <= 360))
-      return Refuse(field, Within(0, 360), title);
-    RowOfField(field)->Set(row, typed.Value);
+    const double value = Val(PlainText(typed.Value)); // as a log has it
+    if (!(std::abs(value) <= MostLength)) return Refuse(field, Within(-MostLength, MostLength), title);
+    if (field == Ctl::Prop_Sweep && !(value > 0 && value <= 360)) return Refuse(field, Within(0, 360), title);
+    RowOfField(field)->Set(row, value);
     turned = turned || field == Ctl::Prop_Start || field == Ctl::Prop_End || field == Ctl::Prop_Sweep;
     const double size = row.EntType == LineType ? RowLength(row) : row.Radius;
     if (!(size >= LeastLength)) return Refuse(field, "ERROR: Entity's too small", "");
@@ -147,6 +147,15 @@ void Drop(Drafting &d) {
   d.Out.Panel.Overlay.clear();
 }
 
+void LogTyped(Drafting &d, const std::vector<Ctl> &typed) {
+  for (const Ctl field : typed) {
+    const std::string &text = d.Out[field].Text;
+    LogInput(d, LogProperty, static_cast<double>(RowOfField(field) - Fields),
+             Val(PlainText(FieldFormula(d, text).Value)), field == typed.back() ? 1 : 0,
+             IsPlainNumber(text) ? "" : ";" + text);
+  }
+}
+
 void Enter(Drafting &d, Ctl field) {
   const int index = d.Edit.Row;
   d.Grain.GeomAbort = false;
@@ -158,11 +167,13 @@ void Enter(Drafting &d, Ctl field) {
     d.Out.Focus = edited.At;
     return Report(d, edited.Trouble, edited.Title, edited.Title.empty() ? Icon::Exclamation : Icon::Stop);
   }
+  const std::vector<Ctl> typed = d.Edit.Typed;
   Drop(d);
   if (SameGeometry(edited.Row, RowAt(d.Grain.Table, index))) return;
   Solution change;
   change.Changed.push_back({index, edited.Row});
   if (!Apply(d, change, "Edit")) return;
+  LogTyped(d, typed);
   RowAt(d.Grain.Table, index).Selected = true;
   d.Cmd.SelectCount = 1;
   RedrawPanel(d);
@@ -208,6 +219,19 @@ void PropertyKey(Drafting &d, const Event &event) {
     return;
   default: return;
   }
+}
+
+bool PlayProperty(Drafting &d, int field, double value, bool last) {
+  const int row = PickedIndex(d);
+  if (row < 0 || field < 0 || field >= static_cast<int>(std::size(Fields))) return false;
+  const FieldRow &at = Fields[field];
+  if ((at.Types & RowAt(d.Grain.Table, row).EntType) == 0) return false;
+  d.Edit.Row = row;
+  std::erase(d.Edit.Typed, at.Field);
+  d.Edit.Typed.push_back(at.Field);
+  d.Out[at.Field].Text = PlainText(value);
+  if (last) Enter(d, at.Field);
+  return true;
 }
 
 void RefreshProperties(Drafting &d) {

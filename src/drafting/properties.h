@@ -11,3 +11,6 @@ void PropertyText(Drafting &, const Event &); // typed so far: Panel.Overlay sho
 // entity is told and changes nothing. Escape puts the numbers back; Tab goes to the next field.
 void PropertyKey(Drafting &, const Event &);
 void RefreshProperties(Drafting &);
+// A number of the picked entity as a log has it: the field by its place, from 0; the last one enters them.
+// False: there is no such field, or not one entity is picked.
+bool PlayProperty(Drafting &, int field, double value, bool last);

@@ -66,17 +66,20 @@ constexpr ButtonRow Presses[] = {{Ctl::RotateDraw, PressRotateDraw},
 bool RepeatOriginCircle(Drafting &d, const Entity &e) {
   if (!d.Rotation.Active || d.Rotation.RotationCount < 2 || !OnOrigin(e, d.Grain.Doc.JoinTolerance))
     return true;
+  if (d.Play.On && d.Play.Taken < d.Play.Answer.size()) return d.Play.Answer[d.Play.Taken++] != 0;
   if (d.Grain.MacroMode == 2) return false;
   const std::string text =
       "Are you sure you wish to proceed with the rotation draw for this circle?\nCenter X: " +
       FormatMask(e.CenterX, "0.000") + "  Y: " + FormatMask(e.CenterY, "0.000") +
       "  Radius: " + FormatMask(e.Radius, "0.000") +
       "\nNumber of Rotations: " + std::to_string(d.Rotation.RotationCount);
-  return d.Out.Ask({text, "", Buttons::YesNo, Icon::Question}) == Answer::Yes;
+  const bool yes = d.Out.Ask({text, "", Buttons::YesNo, Icon::Question}) == Answer::Yes;
+  d.Answers.push_back({yes ? 1.0 : 0.0, {}});
+  return yes;
 }
 
 bool TransformationQuery(Drafting &d) {
-  if (!d.Rotation.Active || d.Grain.MacroMode == 2) return true;
+  if (!d.Rotation.Active || d.Grain.MacroMode == 2 || d.Play.On) return true;
   Extents all;
   for (int i = 0; i <= d.Grain.Table.EntCount; ++i)
     if (const Entity &e = RowAt(d.Grain.Table, i); e.Selected) TakeRow(all, e);

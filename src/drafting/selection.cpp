@@ -91,7 +91,7 @@ void ChooseAll(Drafting &d, const Event &) {
   d.Cmd.SelectionMethod = AllMethod;
   const Box sure{"Are you sure you want to Deleter ALL Entities?", "Verify Delete All", Buttons::OkCancel,
                  Icon::Question};
-  if (d.Cmd.CmdNo == DeleteCommand && d.Grain.MacroMode != 2 && d.Out.Ask(sure) != Answer::Ok) {
+  if (d.Cmd.CmdNo == DeleteCommand && d.Grain.MacroMode != 2 && !d.Play.On && d.Out.Ask(sure) != Answer::Ok) {
     BackSelection(d);
     RestoreBack(d);
     return;

@@ -47,6 +47,8 @@ void DeleteSelected(Drafting &); // the marked rows (in rotation mode their imag
 void IdlePress(Drafting &, Point);
 void IdleMove(Drafting &, Point);
 void IdleRelease(Drafting &, Point);
+void IdlePick(Drafting &, Point);          // what a release on the spot does
+void IdleWindow(Drafting &, Point, Point); // and a drag
 
 std::span<const ButtonRow> SelectionButtons(); // Selection_Frame, Window_Frame, Delete_Mode
 void RefreshSelection(Drafting &);

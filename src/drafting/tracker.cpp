@@ -75,7 +75,7 @@ Point Hold(Drafting &d, Point pointer) {
     if (t.Target.SnapActive) at = snapped;
   }
   if (typed || d.Cmd.RefType == KeyInRef) at = FieldPoint(d, at);
-  if (d.Log.On) at = {static_cast<double>(NarrowFloat(at.X)), static_cast<double>(NarrowFloat(at.Y))};
+  if (d.Log.On) at = NarrowPoint(at);
   d.Cmd.TrackX = at.X;
   d.Cmd.TrackY = at.Y;
   return at;
@@ -89,6 +89,10 @@ void ShowGuide(Drafting &d, Point from, Point to) {
   d.Out.Panel.Overlay.push_back(line);
 }
 } // namespace
+
+Point NarrowPoint(Point p) {
+  return {static_cast<double>(NarrowFloat(p.X)), static_cast<double>(NarrowFloat(p.Y))};
+}
 
 Point TrackPointer(Drafting &d, Point pointer) {
   const Point at = Hold(d, pointer);

@@ -10,6 +10,8 @@
 // it.
 Point TrackPointer(Drafting &, Point);
 
+Point NarrowPoint(Point); // to 32 bits, as a log keeps positions
+
 // What a press at the position takes: grid, tracker, and fields that were typed. While a recording runs it is
 // narrowed to 32 bits.
 Point HeldPosition(Drafting &, Point clicked);

@@ -88,7 +88,7 @@ bool TakeValue(Drafting &d) {
   const auto value = FieldNumber(d, Ctl::X_Input);
   const double before = ValueHeld(d);
   if (!value || !HoldValue(d, *value)) return false;
-  if (ValueHeld(d) != before) LogInput(d, LogXInput, *value);
+  if (ValueHeld(d) != before) LogInput(d, LogXInput, *value, 0, 0, IsPlainNumber(text) ? "" : text);
   return true;
 }
 
@@ -98,7 +98,10 @@ std::optional<double> TakeStep(Drafting &d) {
   const auto degrees = FieldNumber(d, Ctl::Y_Input);
   if (!degrees) return std::nullopt;
   AnswerGiven &entered = d.Typed.Field[1];
-  if (entered.Value != *degrees) LogInput(d, LogYInput, *degrees);
+  if (entered.Value != *degrees) {
+    const std::string &text = d.Out[Ctl::Y_Input].Text;
+    LogInput(d, LogYInput, *degrees, 0, 0, IsPlainNumber(text) ? "" : text);
+  }
   entered.Value = *degrees;
   return Radians(*degrees);
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include <array>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,10 @@ enum InstructionKind : int {
   LogDeleteRotation = 181,
   LogDeactivateRDraw = 182,
   LogEscape = 190,
+  LogUndo = 191,
+  LogRedo = 192,
+  LogDeleteKey = 193, // in a command that selects; while idle it is the button of 86
+  LogProperty = 194,  // a number of the picked entity: field, the number, 1 at the last of a change
   LogXInput = 201,
   LogYInput = 202,     // Enter in the field: the number
   LogAnswers = 203,    // answers to questions in the order asked, up to three
@@ -44,14 +49,17 @@ enum InstructionKind : int {
 struct Instruction {
   int PointArea = 0;
   double Value1 = 0, Value2 = 0, Value3 = 0;
-  std::string Value4;                  // "", "ENTERKEY", or up to three formulas parted by ";"
-  int PlotType = 0, SelectionType = 0; // at the time of the input
+  std::string Value4;    // "", "ENTERKEY", or up to three formulas parted by ";"
+  int PlotType = 0;      // EntType: of a pick what was picked, else what the command draws
+  int SelectionType = 0; // SelectionMethod
   bool operator==(const Instruction &) const = default;
 };
 
 struct InstructionLog {
   bool On = false; // a recording runs
   std::vector<Instruction> Row;
+  std::array<std::string, 2> Place; // formulas of the next position's X and Y
+  int PickedType = 0;               // EntType of the entity found last
 };
 
 // Appends while a recording runs.

@@ -12,15 +12,16 @@ struct MacFile {
   std::string Heading = "Morvandel template";
   std::vector<Entity> Start; // drawn before the first instruction
   VariableTable Variables;   // rows 0 and 1: the diameter and length it was recorded at
-  int VariableNameCntr = 1;  // index of the last row in use, 1..10 (a file with fewer is read as 1)
+  int VariableNameCntr = 1;  // index of the last row in use; a recording makes 1..9
   double Rotation = 0;
   std::vector<Instruction> Log;
   std::vector<Entity> Finished; // what the play draws with the recorded values, for pictures
 };
 
-constexpr int FirstUserVariable = 2, MostVariables = 11; // rows 2..10 are the user's
+constexpr int FirstUserVariable = 2, LastUserVariable = 9; // the rows that a recording names
 
-bool HasVariables(const MacFile &); // any of the user's
+std::string VariableName(const VariableRow &); // without its mark
+bool HasVariables(const MacFile &);            // any of the user's
 double RecordedDiameter(const MacFile &);
 
 // The bytes of the file. Texts lose their quotes and line ends; Fault 6 at a value that is not finite.

@@ -43,4 +43,4 @@ std::string Deliver(Drafting &, const Instruction &, const std::vector<double> &
 // positions scaled. Returns the trouble.
 std::string WorkOut(Instruction &, const VariableTable &, double scale);
 
-const char *KindName(int pointArea, const std::string &value4 = ""); // "Found Ent"; of unknown kinds ""
+const char *KindName(int pointArea); // "Found Ent"; of unknown kinds ""

@@ -117,7 +117,7 @@ std::string TakeHeader(RecordReader &r, const std::string &name, GrainDoc &doc) 
   return {};
 }
 
-std::string TakeEntity(RecordReader &r, const std::string &name, Entity &entity) {
+std::string TakeEntityFields(RecordReader &r, const std::string &name, Entity &entity) {
   for (const auto &field : EntityFields) {
     if (!TakeField(r, entity, field)) return Place(name, r, field.Name) + r.Trouble;
     const bool curved = entity.EntType == CircleType || entity.EntType == ArcType;
@@ -147,7 +147,7 @@ std::string TakeEntities(RecordReader &r, const std::string &name, EntityTable &
                std::to_string(fields);
     }
     Entity entity;
-    std::string trouble = TakeEntity(r, name, entity);
+    std::string trouble = TakeEntityFields(r, name, entity);
     if (trouble.empty() && table.EntCount == static_cast<int>(table.Row.size()) - 1)
       trouble = name + ": line " + std::to_string(r.Line) +
                 ", field 1 (EntType): expected the end of the file after " +
@@ -169,10 +169,9 @@ std::string NotFinite(const std::string &path, const Design &design) {
     if (!IsFinite(design.Doc, field))
       return path + ": cannot be written: " + field.Name + " is not a finite number";
   for (int i = 0; i <= design.Table.EntCount; ++i)
-    for (const auto &field : EntityFields)
-      if (!IsFinite(RowAt(design.Table, i), field))
-        return path + ": cannot be written: " + field.Name + " of entity " + std::to_string(i) +
-               " is not a finite number";
+    if (const std::string field = NotFiniteField(RowAt(design.Table, i)); !field.empty())
+      return path + ": cannot be written: " + field + " of entity " + std::to_string(i) +
+             " is not a finite number";
   return {};
 }
 
@@ -185,6 +184,25 @@ std::string WriteGrain(const std::string &path, const Design &design, GrainForm 
 
 } // namespace
 
+void PutEntity(RecordWriter &w, const Entity &entity) {
+  for (const auto &field : EntityFields) PutField(w, entity, field);
+  EndRecord(w);
+}
+
+std::string TakeEntity(RecordReader &r, const std::string &name, Entity &entity) {
+  return TakeEntityFields(r, name, entity);
+}
+
+std::string NotFiniteField(const Entity &entity) {
+  for (const auto &field : EntityFields)
+    if (!IsFinite(entity, field)) return field.Name;
+  return {};
+}
+
+std::string RecordPlace(const std::string &name, const RecordReader &r, const char *field) {
+  return Place(name, r, field);
+}
+
 std::string GrainText(const Design &design, GrainForm form) {
   RecordWriter w;
   if (form == GrainForm::File) {
@@ -195,10 +213,7 @@ std::string GrainText(const Design &design, GrainForm form) {
     PutField(w, design.Doc, field);
     EndRecord(w);
   }
-  for (int i = 0; i <= design.Table.EntCount; ++i) {
-    for (const auto &field : EntityFields) PutField(w, RowAt(design.Table, i), field);
-    EndRecord(w);
-  }
+  for (int i = 0; i <= design.Table.EntCount; ++i) PutEntity(w, RowAt(design.Table, i));
   return std::move(w.Bytes);
 }
 

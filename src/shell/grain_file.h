@@ -1,4 +1,5 @@
 #pragma once
+#include "base/text_record.h"
 #include "shell/grain_document.h"
 
 #include <string>
@@ -15,6 +16,13 @@ std::string GrainText(const Design &, GrainForm);
 // what was expected. `name` stands for the file in that text. Lines keep Slope and Intercept as they stand in
 // the file.
 std::string ParseGrain(std::string_view bytes, const std::string &name, Design &design);
+
+// One entity line, wherever such lines stand. TakeEntity returns the trouble, which names file, line, field.
+void PutEntity(RecordWriter &, const Entity &);
+std::string TakeEntity(RecordReader &, const std::string &name, Entity &);
+std::string NotFiniteField(const Entity &); // the name of a field that cannot be written; empty: none
+std::string RecordPlace(const std::string &name, const RecordReader &,
+                        const char *field); // "x.mvd: line 3, "...
 
 // Each returns the trouble, or an empty text. Writing is atomic and names a value that is not finite.
 std::string ReadGrainFile(const std::string &path, Design &);

@@ -1,0 +1,215 @@
+#include "macros/play.h"
+
+#include "drafting/command_machine.h"
+#include "drafting/commit.h"
+#include "drafting/point_fields.h"
+#include "drafting/view.h"
+#include "macros/evaluator.h"
+#include "macros/play_parts.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+struct PlaySaved {
+  DraftingStart Own;
+  EntityTable Table;
+  UndoRing Ring{.Slot = nullptr};
+  VariableTable Variables;
+  int MacroMode = 0;
+  bool SavedFlag = true, Log = false;
+};
+
+namespace {
+constexpr int Silent = 2, SegmentsCommand = 54;
+
+bool IsPick(int kind) { return kind == LogFoundEnt || kind == LogSelectEnt || kind == LogTrimmingEnt; }
+
+// Puts back all but the table.
+void EndPlay(Play &play, Drafting &d) {
+  PlaySaved &saved = *play.Before;
+  LeaveCommand(d);
+  play.Running = false;
+  if (d.Play.Undoes) d.Ring = std::move(saved.Ring);
+  d.Play = {};
+  d.Variables = saved.Variables;
+  d.Grain.MacroMode = saved.MacroMode;
+  d.Log.On = saved.Log;
+  PutStart(d, saved.Own);
+  RefreshFields(d);
+}
+
+void PutDesignBack(Play &play, Drafting &d) {
+  EndPlay(play, d);
+  d.Grain.Table = play.Before->Table;
+  d.Grain.SavedFlag = play.Before->SavedFlag;
+  play.Before.reset();
+  ++d.Changes;
+  RefreshDrafting(d);
+  RedrawPanel(d);
+}
+
+void KeepResult(Play &play, Drafting &d) {
+  EndPlay(play, d);
+  TakeSnapshot(d.Ring, play.Before->Table, d.Grain.MacroMode, "Template");
+  play.Before.reset();
+  ++d.Changes;
+  d.Grain.SavedFlag = false;
+  RefreshDrafting(d);
+  RedrawPanel(d);
+  if (d.KeepWork) d.KeepWork();
+}
+
+std::string FaultText(std::size_t number, const Instruction &step, const std::string &trouble) {
+  const std::string name = KindName(step.PointArea);
+  return "Instruction " + std::to_string(number) + (name.empty() ? "" : " (" + name + ")") + ": " + trouble;
+}
+
+void TakeAnswers(const Instruction &step, std::vector<double> &to) {
+  for (const double v : {step.Value1, step.Value2, step.Value3}) to.push_back(v);
+}
+} // namespace
+
+DraftingStart StartOf(const Drafting &d) {
+  return {d.Tool, d.Select, d.Rotation, d.Typed, d.Grain.Defaults, d.Cmd.RefType, d.Track};
+}
+
+void PutStart(Drafting &d, const DraftingStart &own) {
+  d.Tool = own.Tool;
+  d.Select = own.Select;
+  d.Rotation = own.Rotation;
+  d.Typed = own.Typed;
+  d.Grain.Defaults = own.Defaults;
+  d.Cmd.RefType = own.RefType;
+  d.Track = own.Track;
+  for (const Ctl field : {Ctl::X_Input, Ctl::Y_Input}) d.Out[field].Text.clear();
+  d.Out[Ctl::X_Label].Text = "X:";
+}
+
+void PutRecordingStart(Drafting &d) {
+  DraftingStart plain;
+  plain.Track.AutoPoint = d.Track.AutoPoint;
+  PutStart(d, plain);
+}
+
+std::vector<Entity> ScaledRows(const std::vector<Entity> &rows, double scale) {
+  std::vector<Entity> to = rows;
+  if (scale == 1) return to;
+  for (Entity &e : to) {
+    for (double *v : {&e.X1, &e.Y1, &e.X2, &e.Y2, &e.CenterX, &e.CenterY, &e.Radius, &e.Intercept})
+      *v *= scale;
+  }
+  return to;
+}
+
+double ScaleOf(const MacFile &mac, double diameter) {
+  const double recorded = RecordedDiameter(mac);
+  return recorded > 0 && diameter > 0 ? diameter / recorded : 1;
+}
+
+bool TakesBack(const std::vector<Instruction> &log) {
+  return std::any_of(log.begin(), log.end(),
+                     [](const Instruction &i) { return i.PointArea == LogUndo || i.PointArea == LogRedo; });
+}
+
+void PutPlayStart(Drafting &d, const MacFile &mac, const VariableTable &values, double scale) {
+  d.Grain.Table.EntCount = -1;
+  for (const Entity &e : ScaledRows(mac.Start, scale)) AppendRow(d.Grain.Table, e);
+  FoldArcAngles(d.Grain.Table);
+  ClearMarks(d);
+  d.Variables = values;
+  SetGrainVariables(d.Variables, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
+  PutRecordingStart(d);
+  d.Play = {};
+  d.Play.Undoes = TakesBack(mac.Log);
+  d.Log.Place = {};
+}
+
+std::string WorkOut(Instruction &step, const VariableTable &table, double scale) {
+  double *const value[] = {&step.Value1, &step.Value2, &step.Value3};
+  std::array<bool, 3> worked{};
+  if (!step.Value4.empty() && step.Value4 != "ENTERKEY") {
+    std::string_view rest = step.Value4;
+    for (std::size_t i = 0; i < 3 && !rest.empty(); ++i) {
+      const std::size_t end = rest.find(';');
+      const std::string_view piece = rest.substr(0, end);
+      rest.remove_prefix(end == rest.npos ? rest.size() : end + 1);
+      if (piece.find_first_not_of(" \t") == piece.npos) continue;
+      const Formula formula = EvaluateFormula(piece, table);
+      if (!formula.Good() || !std::isfinite(formula.Value))
+        return "\"" + std::string(piece) + "\": " + (formula.Good() ? "no number" : formula.Message);
+      *value[i] = formula.Value;
+      worked[i] = true;
+    }
+  }
+  const bool pick = IsPick(step.PointArea);
+  if (scale == 1 || (!pick && step.PointArea != LogClick)) return {};
+  for (std::size_t i = pick ? 1 : 0; i < (pick ? 3u : 2u); ++i)
+    if (!worked[i]) *value[i] *= scale;
+  return {};
+}
+
+std::string StepInstruction(Drafting &d, const std::vector<Instruction> &log, std::size_t &next,
+                            double scale) {
+  Instruction step = log[next++];
+  std::string trouble = WorkOut(step, d.Variables, scale);
+  std::vector<double> answers;
+  const auto gather = [&] {
+    Instruction answer = log[next++];
+    if (trouble.empty()) trouble = WorkOut(answer, d.Variables, scale);
+    TakeAnswers(answer, answers);
+  };
+  // The sections of command 54 are asked for at the pick itself.
+  const bool sections = d.Cmd.CmdNo == SegmentsCommand && step.PointArea == LogFoundEnt &&
+                        next < log.size() && log[next].PointArea == SegmentsCommand &&
+                        !log[next].Value4.empty();
+  if (sections) gather();
+  while (next < log.size() && log[next].PointArea == LogAnswers) gather();
+  return trouble.empty() ? Deliver(d, step, answers) : trouble;
+}
+
+void BeginPlay(Play &play, Drafting &d, const MacFile &mac, const VariableTable &values, int mode) {
+  if (play.Running) StopPlay(play, d);
+  LeaveCommand(d);
+  play = {};
+  play.Before = std::make_shared<PlaySaved>();
+  PlaySaved &saved = *play.Before;
+  saved.Own = StartOf(d);
+  saved.Table = d.Grain.Table;
+  saved.Variables = d.Variables;
+  saved.MacroMode = d.Grain.MacroMode;
+  saved.SavedFlag = d.Grain.SavedFlag;
+  saved.Log = d.Log.On;
+  play.Log = mac.Log;
+  play.Scale = ScaleOf(mac, d.Grain.Doc.GrainDiam);
+  play.Running = true;
+  d.Log.On = false;
+  d.Grain.MacroMode = mode;
+  PutPlayStart(d, mac, values, play.Scale);
+  if (d.Play.Undoes) {
+    saved.Ring = std::move(d.Ring);
+    d.Ring = UndoRing{};
+  }
+  ++d.Changes;
+  if (mode != Silent) RedrawPanel(d);
+}
+
+bool NextInstruction(Play &play, Drafting &d) {
+  if (!play.Running) return false;
+  if (play.Next >= play.Log.size()) {
+    KeepResult(play, d);
+    return false;
+  }
+  const std::size_t number = play.Next;
+  const std::string trouble = StepInstruction(d, play.Log, play.Next, play.Scale);
+  if (trouble.empty()) return true;
+  play.FaultInstruction = static_cast<int>(number);
+  play.Fault = FaultText(number, play.Log[number], trouble);
+  PutDesignBack(play, d);
+  return false;
+}
+
+void StopPlay(Play &play, Drafting &d) {
+  if (play.Running) PutDesignBack(play, d);
+}
