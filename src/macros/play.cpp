@@ -27,7 +27,7 @@ constexpr int Silent = 2, SegmentsCommand = 54;
 bool IsPick(int kind) { return kind == LogFoundEnt || kind == LogSelectEnt || kind == LogTrimmingEnt; }
 
 // Puts back all but the table.
-void EndPlay(Play &play, Drafting &d) {
+void EndPlay(TemplatePlay &play, Drafting &d) {
   PlaySaved &saved = *play.Before;
   LeaveCommand(d);
   play.Running = false;
@@ -40,7 +40,7 @@ void EndPlay(Play &play, Drafting &d) {
   RefreshFields(d);
 }
 
-void PutDesignBack(Play &play, Drafting &d) {
+void PutDesignBack(TemplatePlay &play, Drafting &d) {
   EndPlay(play, d);
   d.Grain.Table = play.Before->Table;
   d.Grain.SavedFlag = play.Before->SavedFlag;
@@ -50,7 +50,7 @@ void PutDesignBack(Play &play, Drafting &d) {
   RedrawPanel(d);
 }
 
-void KeepResult(Play &play, Drafting &d) {
+void KeepResult(TemplatePlay &play, Drafting &d) {
   EndPlay(play, d);
   TakeSnapshot(d.Ring, play.Before->Table, d.Grain.MacroMode, "Template");
   play.Before.reset();
@@ -169,7 +169,7 @@ std::string StepInstruction(Drafting &d, const std::vector<Instruction> &log, st
   return trouble.empty() ? Deliver(d, step, answers) : trouble;
 }
 
-void BeginPlay(Play &play, Drafting &d, const MacFile &mac, const VariableTable &values, int mode) {
+void BeginPlay(TemplatePlay &play, Drafting &d, const MacFile &mac, const VariableTable &values, int mode) {
   if (play.Running) StopPlay(play, d);
   LeaveCommand(d);
   play = {};
@@ -195,7 +195,7 @@ void BeginPlay(Play &play, Drafting &d, const MacFile &mac, const VariableTable 
   if (mode != Silent) RedrawPanel(d);
 }
 
-bool NextInstruction(Play &play, Drafting &d) {
+bool NextInstruction(TemplatePlay &play, Drafting &d) {
   if (!play.Running) return false;
   if (play.Next >= play.Log.size()) {
     KeepResult(play, d);
@@ -210,6 +210,6 @@ bool NextInstruction(Play &play, Drafting &d) {
   return false;
 }
 
-void StopPlay(Play &play, Drafting &d) {
+void StopPlay(TemplatePlay &play, Drafting &d) {
   if (play.Running) PutDesignBack(play, d);
 }

@@ -11,7 +11,7 @@
 
 struct PlaySaved; // what StopPlay puts back
 
-struct Play {
+struct TemplatePlay {
   std::vector<Instruction> Log;
   std::size_t Next = 0;     // index of the instruction to be delivered
   double Scale = 1;         // of clicks without a formula: diameter now / recorded
@@ -24,15 +24,15 @@ struct Play {
 // Empties the drawing, draws the start entities (scaled), sets the variables and the drafting's own values to
 // what every recording begins with. `values` holds the answers (AnswerTemplate, or the file's own variables);
 // its rows 0 and 1 are taken from the design. mode: MacroMode while stepping, 2 or 4.
-void BeginPlay(Play &, Drafting &, const MacFile &, const VariableTable &values, int mode = 2);
+void BeginPlay(TemplatePlay &, Drafting &, const MacFile &, const VariableTable &values, int mode = 2);
 
 // Delivers one instruction, with the answers that follow it. False: the play has ended, by itself (Fault
 // empty: one undo for the whole, the mode is 0 again, the drawing redrawn) or by a fault (the design is as it
 // was before BeginPlay).
-bool NextInstruction(Play &, Drafting &);
+bool NextInstruction(TemplatePlay &, Drafting &);
 
 // Ends a play before its end: the design is as it was before.
-void StopPlay(Play &, Drafting &);
+void StopPlay(TemplatePlay &, Drafting &);
 
 // Delivers one instruction to the drafting state as the user's input would be, with the answers to the
 // questions it asks; nothing is logged. Values and formulas must have been worked out. The text says why it

@@ -14,7 +14,7 @@ namespace {
 
 struct Macros : Journey {
   TemplateRecording Rec;
-  Play Player;
+  TemplatePlay Player;
 
   void Begin(const VariableTable &variables = {}) { BeginRecording(Rec, Bench().Draft, variables); }
   MacFile End() {
@@ -196,7 +196,7 @@ TEST_F(Macros, RandomSessionsPlayToTheSameTable) {
   folders.AppDir = Home.string() + "/";
   ASSERT_TRUE(StartUp(bench, folders, ReadCommandLine(FiveKeys())));
   TemplateRecording rec;
-  Play play;
+  TemplatePlay play;
   std::size_t rows = 0;
   for (int round = 0; round < 1500 * Rounds(); ++round) {
     const auto seed = static_cast<unsigned>(Seed()) + static_cast<unsigned>(round);
