@@ -213,7 +213,7 @@ void AddPoints(std::vector<Source> &sources) {
   const int n = static_cast<int>(sources.size());
   const auto corner = [&](int i) { return sources[i].What == Source::Kind::Corner; };
   for (int i = 0; i < n; ++i) {
-    if (corner(i) || sources[i].Length >= TwoPi) continue;
+    if (corner(i) || (sources[i].What == Source::Kind::Arc && sources[i].Length >= TwoPi)) continue;
     const int next = sources[i].Next;
     if (sources[i].Prev < 0) AddPoint(sources, -1, i);
     if (next < 0) AddPoint(sources, i, -1);

@@ -94,17 +94,16 @@ bool FillContours(const std::vector<PlanePoint> &points, const std::vector<std::
   Run run;
   run.Triangle = &triangles;
   if (!Tessellate(own, contours, run) || run.Changed) return false;
-  // Each triangle's edge must be met by another one's or be an edge of a contour, and each of those be used.
+  // With a contour's edges run through backwards, each edge must be run through once in each direction.
   std::vector<std::uint64_t> forth, back;
+  const auto add = [&](int a, int b) {
+    forth.push_back(EdgeKey(a, b));
+    back.push_back(EdgeKey(b, a));
+  };
   for (const FlatTriangle &t : triangles)
-    for (int i = 0; i < 3; ++i) {
-      forth.push_back(EdgeKey(t[i], t[(i + 1) % 3]));
-      back.push_back(EdgeKey(t[(i + 1) % 3], t[i]));
-    }
+    for (int i = 0; i < 3; ++i) add(t[i], t[(i + 1) % 3]);
   for (const std::vector<int> &contour : contours)
-    for (std::size_t i = 0; i < contour.size(); ++i)
-      back.push_back(EdgeKey(contour[i], contour[(i + 1) % contour.size()]));
-  if (forth.size() != back.size()) return false;
+    for (std::size_t i = 0; i < contour.size(); ++i) add(contour[(i + 1) % contour.size()], contour[i]);
   std::sort(forth.begin(), forth.end());
   std::sort(back.begin(), back.end());
   return forth == back && std::adjacent_find(forth.begin(), forth.end()) == forth.end();
