@@ -13,18 +13,18 @@ RimPoint ToGrid(double x, double y, double unit) {
   return {static_cast<std::int32_t>(std::lround(x / unit)), static_cast<std::int32_t>(std::lround(y / unit))};
 }
 
-int ChordCount(double radius, double sweep, double chord) {
-  sweep = std::abs(sweep);
-  if (radius * sweep * sweep / 8 < chord * 1e-4) return 1; // next to straight
+int ChordCount(const SectionPiece &p, double chord) {
+  if (!p.Arc) return 1;
+  const double sweep = std::abs(p.Sweep);
+  if (p.Radius * sweep * sweep / 8 < chord * 1e-4) return 1; // next to straight
   // Of two chords the middle point stands r (step^2)/6 outside, which is the farthest that any gets.
-  const double step = std::min(std::sqrt(6 * chord / radius), Pi / 4);
+  const double step = std::min(std::sqrt(6 * chord / p.Radius), Pi / 4);
   return std::max(2, static_cast<int>(std::ceil(sweep / step)));
 }
 
-std::vector<PlanePoint> CutArc(const SectionPiece &p, PlanePoint from, PlanePoint to, double chord) {
+std::vector<PlanePoint> CutArc(const SectionPiece &p, PlanePoint from, PlanePoint to, int n) {
   const double w = std::abs(p.Sweep), r = p.Radius;
   const bool whole = p.From == p.To;
-  const int n = whole ? std::max(8, ChordCount(r, w, chord)) : ChordCount(r, w, chord);
   const double C = r * r * w / std::sin(w / n); // twice the sector's area over the sine of a step
   const double out = whole ? std::sqrt(C / n) : C / (r + std::sqrt(r * r + (n - 2) * C));
   std::vector<PlanePoint> at;
@@ -41,7 +41,8 @@ CutSection CutPieces(const GrainSection &s, double chord) {
   cut.Unit = GridUnit(s.GrainRadius);
   for (const SectionPiece &p : s.Piece) {
     const PlanePoint from{s.Joint[p.From].X, s.Joint[p.From].Y}, to{s.Joint[p.To].X, s.Joint[p.To].Y};
-    const std::vector<PlanePoint> at = p.Arc ? CutArc(p, from, to, chord) : std::vector{from, to};
+    const std::vector<PlanePoint> at =
+        p.Arc ? CutArc(p, from, to, ChordCount(p, chord)) : std::vector{from, to};
     std::vector<RimPoint> points;
     std::vector<PlanePoint> normals;
     const int last = static_cast<int>(at.size()) - 1;

@@ -27,11 +27,11 @@ struct PlanePoint {
   double X = 0, Y = 0;
 };
 
-// An arc in chords that stay within `chord` (mm) of it on both sides; the first and last points are its ends
-// and the inner ones stand a little outside it, so that the area under the chords is that of the arc. A whole
-// circle has all points outside, the last one being the first again.
-std::vector<PlanePoint> CutArc(const SectionPiece &, PlanePoint from, PlanePoint to, double chord);
-int ChordCount(double radius, double sweep, double chord);
+// An arc in chords; with ChordCount they stay within `chord` (mm) of it on both sides. The first and last
+// points are its ends and the inner ones stand a little outside it, so that the area under the chords is that
+// of the arc. A whole circle has all points outside, the last one being the first again.
+std::vector<PlanePoint> CutArc(const SectionPiece &, PlanePoint from, PlanePoint to, int chords);
+int ChordCount(const SectionPiece &, double chord); // 1 for a line
 
 // All pieces of a section cut once, so that solids that share them share their points.
 struct CutSection {
