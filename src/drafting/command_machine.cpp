@@ -183,6 +183,8 @@ void ClickHeld(Drafting &d, Point at) {
     d.Cmd = before;
     d.Marks = marks;
     for (int i = 0; i <= rows.EntCount; ++i) RowAt(d.Grain.Table, i).Selected = RowAt(rows, i).Selected;
+  }
+  if (d.Grain.GeomAbort && d.Changes == changes && (d.Cmd.CmdNo == before.CmdNo || d.Cmd.CmdNo == 0)) {
     d.Log.Row.resize(std::min(logged, d.Log.Row.size()));
     if (d.Log.On) d.Grain.Defaults = defaults; // values typed with it were logged with it
   }

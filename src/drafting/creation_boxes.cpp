@@ -46,7 +46,9 @@ void AcceptBox(Drafting &d, const Event &) {
 
 void CommitBox(Drafting &d) {
   if (CommitShape(d) || d.Cmd.CmdNo != Corners) return;
-  if (!ShapeOf(d, std::array{PointAt(d.Cmd, 0), PointAt(d.Cmd, 1)}).Solved()) LeaveCommand(d);
+  if (ShapeOf(d, std::array{PointAt(d.Cmd, 0), PointAt(d.Cmd, 1)}).Solved()) return;
+  LeaveCommand(d);
+  d.Grain.GeomAbort = true;
 }
 
 void RefreshBox(Drafting &d) {

@@ -83,7 +83,8 @@ void LogPosition(Drafting &d, Point p) {
   // One coordinate was typed and the other pointed at.
   for (const auto &[keyed, field, i] :
        {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}})
-    if (d.Log.On && keyed && FieldsOf(d) == FieldUse::Position && !IsPlainNumber(d.Out[field].Text))
+    if (d.Log.On && keyed && FieldsOf(d) == FieldUse::Position && !IsPlainNumber(d.Out[field].Text) &&
+        FieldFormula(d, d.Out[field].Text).Good())
       d.Log.Place[i] = d.Out[field].Text;
   if (d.Typed.Entered)
     LogTypedPoint(d, p);

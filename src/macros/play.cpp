@@ -61,15 +61,15 @@ void KeepResult(TemplatePlay &play, Drafting &d) {
   if (d.KeepWork) d.KeepWork();
 }
 
-std::string FaultText(std::size_t number, const Instruction &step, const std::string &trouble) {
-  const std::string name = KindName(step.PointArea);
-  return "Instruction " + std::to_string(number) + (name.empty() ? "" : " (" + name + ")") + ": " + trouble;
-}
-
 void TakeAnswers(const Instruction &step, std::vector<double> &to) {
   for (const double v : {step.Value1, step.Value2, step.Value3}) to.push_back(v);
 }
 } // namespace
+
+std::string InstructionFault(std::size_t number, const Instruction &step, const std::string &trouble) {
+  const std::string name = KindName(step.PointArea);
+  return "Instruction " + std::to_string(number) + (name.empty() ? "" : " (" + name + ")") + ": " + trouble;
+}
 
 DraftingStart StartOf(const Drafting &d) {
   return {d.Tool, d.Select, d.Rotation, d.Typed, d.Grain.Defaults, d.Cmd.RefType, d.Track};
@@ -205,7 +205,7 @@ bool NextInstruction(TemplatePlay &play, Drafting &d) {
   const std::string trouble = StepInstruction(d, play.Log, play.Next, play.Scale);
   if (trouble.empty()) return true;
   play.FaultInstruction = static_cast<int>(number);
-  play.Fault = FaultText(number, play.Log[number], trouble);
+  play.Fault = InstructionFault(number, play.Log[number], trouble);
   PutDesignBack(play, d);
   return false;
 }

@@ -27,5 +27,6 @@ bool TakesBack(const std::vector<Instruction> &); // it holds an undo or redo
 
 // The table with the start entities, the variables, the tools: as a play begins. The machine must be idle.
 void PutPlayStart(Drafting &, const MacFile &, const VariableTable &values, double scale);
+std::string InstructionFault(std::size_t number, const Instruction &, const std::string &trouble);
 // Delivers log[next] with the answers behind it and moves `next` on. The trouble, or empty.
 std::string StepInstruction(Drafting &, const std::vector<Instruction> &log, std::size_t &next, double scale);

@@ -15,7 +15,7 @@ struct TemplateVariable {
   std::string Unit;           // "mm", "deg", "" ...
   double Value = 0;           // recorded
   double Least = 0, Most = 0; // of a slider; without a range in the prompt 0.2 to 5 times the value
-  bool Whole = false;         // the range has two dots and whole ends and no unit: [3 .. 12]
+  bool Whole = false;         // no unit and a range of whole numbers: [3 .. 12]
 };
 std::string PromptText(const TemplateVariable &);                                  // the form above
 std::vector<TemplateVariable> TemplateVariables(const MacFile &, double diameter); // mm; the user's rows
@@ -33,4 +33,4 @@ struct TemplateAnswer {
   std::string Name, Text;
 };
 std::string AnswerTemplate(const MacFile &, std::span<const TemplateAnswer>, double diameter, double length,
-                           VariableTable &to);
+                           VariableTable &to, std::string *atFault = nullptr); // the variable's name

@@ -37,5 +37,9 @@ FileNameObjection(const std::string &name); // why it cannot name a template: em
 std::string FindTemplate(const TemplateFolders &, const std::string &keyOrPath);
 std::string FindPicture(const TemplateFolders &, const std::string &key);
 
-// The folders shipped beside the program.
-TemplateFolders ShippedTemplates(const std::string &install);
+std::string PicturePath(const TemplateFolders &, const std::string &key); // where it is to be written
+
+TemplateFolders ShippedTemplates(const std::string &install); // beside the program, to be read
+TemplateFolders UserTemplates(const std::string &appDir);
+// The shipped templates as the user's own, once: nothing when he has an index already.
+std::string SetUpTemplates(const TemplateFolders &user, const TemplateFolders &shipped);

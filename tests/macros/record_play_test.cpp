@@ -42,6 +42,7 @@ TEST_F(Macros, EveryJourneyPlaysToTheSameTable) {
     ASSERT_EQ(ReadWhole(file.path().string(), script), "");
     ASSERT_TRUE(Start());
     Bench().Grain.Doc.SnapToGrid = 0;
+    Bench().Grain.Table.EntCount = -1; // of the journey before, recovered
     Screen().Lines = ReadScript(script);
     while (!AtEnd(Screen().Lines) && Upcoming(Screen().Lines).starts_with("grain")) Screen().PlayLine();
     Begin();
@@ -213,7 +214,7 @@ TEST_F(Macros, RandomSessionsPlayToTheSameTable) {
     EndRecording(rec, bench.Draft);
     MacFile read;
     ASSERT_EQ(ParseMac(MacText(mac), "x.Mac", read), "");
-    ASSERT_EQ(read.Log, mac.Log);
+    ASSERT_EQ(MacText(read), MacText(mac));
     rows += drawn.size();
     BeginPlay(play, bench.Draft, read, read.Variables);
     while (NextInstruction(play, bench.Draft)) {}
