@@ -88,6 +88,25 @@ void Keep(const Solver &s, Search &search, double temperature, double value) {
   side.Moles = s.Moles;
 }
 
+// A side that did not settle is solved once more, then a little farther from the plateau, where passes creep
+// less.
+void Firm(Solver &s, Search &search, Bracket &side, double away) {
+  if (!search.Low.Known || !search.High.Known) return;
+  const double from = side.Temperature;
+  for (const double step : {0.0, 1.0, 2.0, 4.0, 16.0}) {
+    if (side.Settled) return;
+    s.Moles = side.Moles;
+    const double t = from + away * step * Plateau, value = Solve(s, search, t);
+    if (!s.BasisStale && (value < search.Target) == (away < 0)) Keep(s, search, t, value);
+  }
+}
+
+Balance AtPlateau(Solver &s, Search &search) {
+  Firm(s, search, search.Low, -1);
+  Firm(s, search, search.High, 1);
+  return Interpolate(s, search);
+}
+
 Balance Seek(Solver &s, Search &search, double t) {
   search.Low.Temperature = Coldest;
   search.High.Temperature = Hottest;
@@ -103,7 +122,7 @@ Balance Seek(Solver &s, Search &search, double t) {
     if (!s.BasisStale || k > Rounds / 2) Keep(s, search, t, value);
     const double low = search.Low.Temperature, high = search.High.Temperature;
     const bool both = search.Low.Known && search.High.Known;
-    if (both && high - low < Plateau) return Interpolate(s, search);
+    if (both && high - low < Plateau) return AtPlateau(s, search);
     q = std::clamp(q, 1.0, 16.0);
     double step = Step(s, search, t, value, q);
     step = std::max(std::min(step, 0.5 * (high - t)), 0.5 * (low - t));
@@ -117,7 +136,7 @@ Balance Seek(Solver &s, Search &search, double t) {
     q = (value - before) / (s.Cp * (search.What == Of::Enthalpy ? drawn : drawn / was));
     if (!std::isfinite(q)) q = 1;
   }
-  if (search.Low.Known && search.High.Known) return Interpolate(s, search);
+  if (search.Low.Known && search.High.Known) return AtPlateau(s, search);
   return {t, false};
 }
 
