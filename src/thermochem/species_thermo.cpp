@@ -28,9 +28,16 @@ SpeciesValues Polynomials(const std::array<float, 8> &c, const Powers &p) {
 SpeciesValues Values(const SpeciesTable &table, int s, double t, const Powers &p) {
   const double lo1 = table.Lo[s][0], hi1 = table.Hi[s][0], lo2 = table.Lo[s][1], hi2 = table.Hi[s][1];
   const bool first = lo1 <= t && t <= hi1, second = !first && lo2 < t && t <= hi2;
-  // A phase that begins above the reference keeps its outer range: its own fit runs wild so far below.
-  const bool useFirst = first || (!second && t <= Reference && lo1 <= Reference);
   SpeciesValues v;
+  if (t < lo1 && lo1 > Reference) {
+    // Only a frozen flow takes a phase below its beginning: the outer range would jump there by some kcal.
+    v = Polynomials(table.C[s][0], PowersAt(lo1));
+    v.H += v.Cp * (t - lo1);
+    v.S += v.Cp * std::log(t / lo1);
+    v.Outside = true;
+    return v;
+  }
+  const bool useFirst = first || (!second && t <= Reference);
   if (std::abs(hi1 - lo2) <= 1 && hi1 - 10 <= t && t <= hi1 + 10 && t >= Reference) {
     const SpeciesValues a = Polynomials(table.C[s][0], p), b = Polynomials(table.C[s][1], p);
     const double f = (t - (hi1 - 10)) / 20;

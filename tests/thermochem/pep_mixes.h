@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,3 +40,14 @@ inline PepInputs MixInputs(const Weights &mix, double low = 6.895, double high =
 
 inline const Weights Metallised = {{"AMMONIUM PERCHLORATE", 68}, {"HTPB R-45M", 14}, {"ALUMINUM", 18}};
 inline const Weights Sugar = {{"POTASSIUM NITRATE", 65}, {"SUCROSE", 35}};
+
+// 1 to 10 ingredients of 0.1 to 100 g at 1 and 10 MPa.
+inline PepInputs RandomMix(std::mt19937_64 &stream) {
+  PepInputs in;
+  const auto below = [&](std::size_t n) { return static_cast<int>(stream() % n); };
+  for (int left = 1 + below(10); left > 0; --left)
+    in.Ingredient.push_back({1 + below(ShippedFiles().Ingredient.size()), 1 + below(1000) / 10.0});
+  in.LowerPressure = 1;
+  in.CaseCount = 2;
+  return in;
+}

@@ -196,10 +196,14 @@ TEST(PepRun, WhatCannotExpandSaysSo) {
   EXPECT_FALSE(metal.Case[0].Point[Shifting][Exit1].Stands);
   ASSERT_FALSE(metal.Case[0].Notes.empty());
   EXPECT_NE(metal.Case[0].Notes[0].find("no gas"), std::string::npos);
-  const PepOutcome salt =
-      RunPep(MixInputs({{"LITHIUM NITRATE", 100}}), ShippedFiles()); // more heat bound than in its products
-  EXPECT_FALSE(salt.Converged);
-  EXPECT_FALSE(salt.Case[0].Notes.empty());
+  const PepOutcome salt = RunPep(MixInputs({{"SODIUM BICARBONATE", 100}}), ShippedFiles());
+  ASSERT_TRUE(salt.Done);
+  EXPECT_TRUE(salt.Converged); // its own solid is a product
+  EXPECT_NEAR(salt.Case[0].Point[Shifting][Chamber].Temperature, 298, 3);
+  const PepOutcome oxygen = // as a gas it would have to be colder than any product
+      RunPep(MixInputs({{"OXYGEN LIQUID 90K", 100}}), ShippedFiles());
+  EXPECT_FALSE(oxygen.Converged);
+  EXPECT_FALSE(oxygen.Case[0].Notes.empty());
   const PepOutcome low = RunPep(MixInputs(Sugar, 0.05, 0.05), ShippedFiles());
   ASSERT_EQ(low.Case[0].Notes.size(), 1U);
   EXPECT_EQ(low.Case[0].Notes[0], "Why is the Exit Pressure greater than the Chamber Pressure?");
