@@ -23,7 +23,7 @@ TEST(Data, WhatIsCompiledIsReadBack) {
     std::memcpy(&value, species.data() + at, 4);
     return value;
   };
-  EXPECT_EQ(word(0), 538);
+  EXPECT_EQ(word(0), 556);
   const std::size_t water = 3 * 152; // record 4
   EXPECT_EQ(species.substr(water + 4, 8), "H2O     ");
   EXPECT_EQ(std::vector<std::int32_t>({word(water), word(water + 16), word(water + 20), word(water + 24),
