@@ -99,9 +99,10 @@ double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) 
 // What tells whether an input has left the command without a word in the log: a question was cancelled.
 struct Standing {
   std::size_t Logged;
-  bool Stood;
+  bool Stood, Zooming;
   explicit Standing(const Drafting &d)
-      : Logged(d.Log.Row.size()), Stood(d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0) {}
+      : Logged(d.Log.Row.size()), Stood(d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0),
+        Zooming(d.Cmd.CmdNo == ZoomCommand) {}
 };
 
 void LogLeft(Drafting &d, const Standing &before) {
@@ -109,6 +110,7 @@ void LogLeft(Drafting &d, const Standing &before) {
   if (!d.Log.On || !before.Stood || !idle || d.Log.Row.size() != before.Logged) return;
   d.Answers.clear();
   LogInput(d, LogEscape);
+  if (before.Zooming) LogInput(d, LogEscape); // what the zoom stood over
 }
 
 // What an input that came to nothing puts back while a recording runs, since the log knows nothing of it.

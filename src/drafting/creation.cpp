@@ -26,7 +26,7 @@ constexpr FieldRow Fields[] = {{Ctl::BoxWidth, Ctl::BoxWH_Frame, AcceptBox},
                                {Ctl::PolyRotate, Ctl::Poly_Frame, AcceptPolygon}};
 
 void CancelFrame(Drafting &d, const Event &) {
-  if (d.Cmd.CmdNo == 0) return;
+  if (!d.Out[Ctl::BoxWH_Frame].Visible && !d.Out[Ctl::Poly_Frame].Visible) return;
   LogInput(d, LogEscape);
   LeaveCommand(d);
 }

@@ -26,6 +26,7 @@ void BackBox(Drafting &d) {
 }
 
 void PressReference(Drafting &d, const Event &event) {
+  if (!d.Out[Ctl::BoxWH_Frame].Visible) return;
   const auto at = std::find(References.begin(), References.end(), event.Target);
   d.Tool.BoxReference = static_cast<int>(at - References.begin()) + 1;
 }

@@ -147,7 +147,8 @@ void EnterY(Drafting &d) {
   if (use == FieldUse::Diameter && (x || y)) {
     const AnswerGiven &radius = d.Typed.Field[1];
     const std::string formula = radius.Formula.empty() ? "" : "2*(" + radius.Formula + ")";
-    return TakeDiameter(d, d.Cmd.KeyInY ? AnswerGiven{2 * radius.Value, formula} : d.Typed.Field[0]);
+    const double twice = formula.empty() ? 2 * radius.Value : Val(PlainText(FieldFormula(d, formula).Value));
+    return TakeDiameter(d, d.Cmd.KeyInY ? AnswerGiven{twice, formula} : d.Typed.Field[0]);
   }
   if (use != FieldUse::Value) return MakePoint(d, use);
   if (x) TakeValue(d);
@@ -215,6 +216,7 @@ void FieldText(Drafting &d, const Event &event) {
 
 void FieldKey(Drafting &d, const Event &event) {
   if (FieldsOf(d) == FieldUse::None) return;
+  if (event.KeyCode == EnterKey && !d.Out[Ctl::DrawPanel].Enabled) return; // a frame is to be accepted first
   const bool first = event.Target == Ctl::X_Input;
   switch (event.KeyCode) {
   case EnterKey: return first ? EnterX(d) : EnterY(d);

@@ -82,10 +82,12 @@ void Append(Drafting &d, Point at) {
 void LogPosition(Drafting &d, Point p) {
   // One coordinate was typed and the other pointed at.
   for (const auto &[keyed, field, i] :
-       {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}})
-    if (d.Log.On && keyed && FieldsOf(d) == FieldUse::Position && !IsPlainNumber(d.Out[field].Text) &&
-        FieldFormula(d, d.Out[field].Text).Good())
-      d.Log.Place[i] = d.Out[field].Text;
+       {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}}) {
+    const std::string &text = d.Out[field].Text;
+    if (!d.Log.On || !keyed || FieldsOf(d) != FieldUse::Position || IsPlainNumber(text)) continue;
+    const Formula formula = FieldFormula(d, text);
+    if (formula.Good() && std::abs(formula.Value) <= MostLength) d.Log.Place[i] = text;
+  }
   if (d.Typed.Entered)
     LogTypedPoint(d, p);
   else

@@ -171,6 +171,7 @@ void PressMirror(Drafting &d, const Event &event) {
 }
 
 void PressMirrorCancel(Drafting &d, const Event &) {
+  if (!d.Out[Ctl::Mirror_Frame].Visible) return;
   LogInput(d, LogEscape);
   LeaveCommand(d);
 }
