@@ -3,10 +3,13 @@
 #include "cli/exit_codes.h"
 #include "cli/export.h"
 #include "cli/import.h"
+#include "cli/mesh.h"
 #include "cli/motor.h"
 #include "cli/pep.h"
+#include "cli/render.h"
 #include "cli/script.h"
 #include "cli/sweep.h"
+#include "cli/templates.h"
 #include "shell/command_line.h"
 #include "shell/kn_batch.h"
 #include "shell/work_folder.h"
@@ -86,6 +89,14 @@ int main(int argc, char **argv) {
   AddPep(app, pep);
   DataArguments data;
   AddData(app, data);
+  MeshArguments mesh;
+  AddMesh(app, mesh);
+  RenderArguments render;
+  AddRender(app, render);
+  TemplatesArguments templates;
+  AddTemplates(app, templates);
+  PlayArguments playing;
+  AddPlay(app, playing);
 
   try {
     app.parse(argc, argv);
@@ -99,6 +110,10 @@ int main(int argc, char **argv) {
   if (app.got_subcommand("data")) return DataCommand(data);
   if (app.got_subcommand("motor")) return MotorCommand(motor);
   if (app.got_subcommand("sweep")) return SweepCommand(sweep);
+  if (app.got_subcommand("mesh")) return MeshCommand(mesh);
+  if (app.got_subcommand("render")) return RenderCommand(render);
+  if (app.got_subcommand("templates")) return TemplatesCommand(templates);
+  if (app.got_subcommand("play")) return PlayCommand(playing);
   burn.HasDiameter = diameter->count() > 0;
   burn.HasLength = length->count() > 0;
   burn.HasThroat = throat->count() > 0;

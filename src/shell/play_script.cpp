@@ -1,5 +1,6 @@
 #include "shell/play_script.h"
 
+#include "drafting/ask_question.h"
 #include "drafting/hot_keys.h"
 #include "platform/events.h"
 #include "shell/design_view.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -19,6 +21,7 @@ namespace {
 struct Player {
   Workbench &Bench;
   ScriptedScreen &Out;
+  ScriptedTemplates &Templates;
   Ctl Field = Ctl::DrawPanel; // where keys go
 };
 
@@ -192,6 +195,21 @@ bool Mouse(Player &p, std::string_view verb, std::string_view rest) {
   return true;
 }
 
+// A place by formulas, typed into the fields or clicked at.
+void Placed(Player &p, bool typed, std::string_view rest) {
+  ScriptedPlace place;
+  if (const std::string trouble = ReadPlace(p.Bench, rest, place); !trouble.empty())
+    return Fail(p.Out.Lines, trouble);
+  if (!typed) {
+    p.Bench.Draft.Log.Place = {IsPlainNumber(place.X) ? "" : place.X, IsPlainNumber(place.Y) ? "" : place.Y};
+    return Click(p, place.AtX, place.AtY, 1, 0);
+  }
+  Press(p, RowOf(Ctl::Key_In).Name, 0);
+  Type(p, "X_Input " + place.X);
+  Type(p, "Y_Input " + place.Y);
+  Key(p, "Enter in Y_Input");
+}
+
 void Have(Player &p, std::string_view rest) {
   const std::string_view name = Word(rest);
   double value;
@@ -251,6 +269,11 @@ void PlayLine(Player &p) {
   if (verb == "key") return Key(p, rest);
   if (verb == "expect") return Expect(p, rest);
   if (Mouse(p, verb, rest)) return;
+  if (verb == "point" || verb == "clickat") return Placed(p, verb == "point", rest);
+  if (std::string trouble; ScriptTemplateLine(p.Templates, p.Bench, verb, rest, trouble)) {
+    if (!trouble.empty()) Fail(p.Out.Lines, trouble);
+    return;
+  }
   if (verb == "hover") {
     Ctl chart;
     double part;
@@ -275,8 +298,11 @@ void PlayLine(Player &p) {
 
 } // namespace
 
-void BindScript(Workbench &bench, ScriptedScreen &screen) {
-  screen.PlayLine = [player = Player{bench, screen}]() mutable { PlayLine(player); };
+void BindScript(Workbench &bench, ScriptedScreen &screen, ScriptedTemplates *keep) {
+  const auto own = std::make_shared<ScriptedTemplates>();
+  screen.PlayLine = [own, player = Player{bench, screen, keep ? *keep : *own}]() mutable {
+    PlayLine(player);
+  };
 }
 
 void PlayScript(ScriptedScreen &screen) {

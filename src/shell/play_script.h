@@ -1,10 +1,11 @@
 #pragma once
 #include "platform/scripted_screen.h"
+#include "shell/script_templates.h"
 #include "shell/workbench.h"
 
 // Ties a scripted screen to the workbench it shows: from now on its lines go through Dispatch, those of
 // dialogs during start-up too.
-void BindScript(Workbench &, ScriptedScreen &);
+void BindScript(Workbench &, ScriptedScreen &, ScriptedTemplates *keep = nullptr);
 
 // Plays the lines to their end or their first fault:
 //   grain DIAM LENGTH THROAT none|A|B|AB   acts as Next of the Dimensions dialog
@@ -21,6 +22,7 @@ void BindScript(Workbench &, ScriptedScreen &);
 //   move X Y | wheel X Y NOTCHES | pan X1 Y1 X2 Y2    on DrawPanel, mm
 //   hover CHART PART   the pointer over a chart, 0..1 of its width
 //   drop PATH | close [WINDOW] | save PATH
+//   variable, record, point, clickat, template   see shell/script_templates
 //   answer TEXT | box ANSWER | file PATH    answers, see ScriptedScreen
 //   expect prompt TEXT | count N | text NAME TEXT
 //   expect visible|hidden|enabled|disabled|checked|unchecked NAME
