@@ -12,6 +12,8 @@ IngredientPicker::IngredientPicker(Bindings &bindings, Ctl self)
   auto *list = new QCompleter(Offer, this);
   list->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
   list->setMaxVisibleItems(12);
+  // Else its closing may give the keys back to this field after they went on to the next.
+  list->popup()->setWindowFlag(Qt::WindowDoesNotAcceptFocus);
   setCompleter(list);
   connect(list, qOverload<const QString &>(&QCompleter::activated), this,
           [this](const QString &name) { Choose(name); });
