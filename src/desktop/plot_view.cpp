@@ -2,6 +2,7 @@
 
 #include "desktop/event_codes.h"
 #include "desktop/plot_dress.h"
+#include "outputs/plot_picture.h"
 #include "platform/events.h"
 
 #include <QClipboard>
@@ -31,11 +32,10 @@ int EveryOf(int labels, double room, double need) {
 } // namespace
 
 QPen PenOf(const PlotCurve &curve, const Theme &theme, double width) {
-  static const QVector<qreal> patterns[] = {{}, {6, 3}, {1.5, 2.5}, {7, 3, 1.5, 3}, {11, 3}, {3, 2}};
   if (curve.Dash < 0) return QPen(ChartLine(theme, curve.Colour), width);
   QPen pen(curve.Points ? theme.Text : FromRed(curve.Colour), width);
-  const QVector<qreal> &pattern = patterns[curve.Dash % 6];
-  if (!pattern.isEmpty()) pen.setDashPattern(pattern);
+  const auto pattern = DashPattern(curve.Dash);
+  if (!pattern.empty()) pen.setDashPattern(QVector<qreal>(pattern.begin(), pattern.end()));
   pen.setCapStyle(Qt::FlatCap);
   return pen;
 }

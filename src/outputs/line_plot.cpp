@@ -3,32 +3,12 @@
 #include "base/number_text.h"
 #include "outputs/burn_figures.h"
 #include "outputs/canvas.h"
+#include "outputs/plot_axes.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-struct Axis {
-  double From = 0, To = 1, Step = 1;
-};
-
-// Round ends around the values, 0 among them.
-Axis AxisOf(double least, double most, double steps) {
-  const double from = std::min(0.0, least), to = most > from ? most : from + 1;
-  Axis axis;
-  axis.Step = RoundStep(to - from, steps);
-  axis.From = std::floor(from / axis.Step + 1e-9) * axis.Step;
-  axis.To = std::ceil(to / axis.Step - 1e-9) * axis.Step;
-  return axis;
-}
-
-struct Frame {
-  PageBox Box;
-  Axis X, Y;
-  double AtX(double x) const { return Box.Left + (x - X.From) / (X.To - X.From) * Box.Width; }
-  double AtY(double y) const { return Box.Top + Box.Height * (1 - (y - Y.From) / (Y.To - Y.From)); }
-};
 
 bool Drawable(const LinePlot &plot, const PlotLine &line) {
   const auto finite = [](double v) { return std::isfinite(v); };
@@ -37,36 +17,11 @@ bool Drawable(const LinePlot &plot, const PlotLine &line) {
          std::all_of(plot.X.begin(), plot.X.end(), finite);
 }
 
-void PaintGrid(cairo_t *cr, const Frame &f, double size) {
-  cairo_set_dash(cr, nullptr, 0, 0);
-  cairo_set_line_cap(cr, CAIRO_LINE_CAP_BUTT);
-  cairo_set_line_width(cr, 0.06 * size);
-  const auto rule = [&](double x1, double y1, double x2, double y2) {
-    SetInk(cr, HairlineInk);
-    cairo_move_to(cr, x1, y1);
-    cairo_line_to(cr, x2, y2);
-    cairo_stroke(cr);
-  };
-  const double right = f.Box.Left + f.Box.Width, bottom = f.Box.Top + f.Box.Height;
-  for (double k = std::round(f.Y.From / f.Y.Step); k * f.Y.Step <= f.Y.To + 1e-9 * f.Y.Step; ++k) {
-    const double y = f.AtY(k * f.Y.Step);
-    rule(f.Box.Left, y, right, y);
-    DrawText(cr, TickText(k * f.Y.Step, f.Y.Step), f.Box.Left - 0.5 * size, y + 0.36 * size,
-             {.Size = size, .Colour = QuietInk, .Anchor = TextAnchor::Right});
-  }
-  for (double k = std::round(f.X.From / f.X.Step); k * f.X.Step <= f.X.To + 1e-9 * f.X.Step; ++k) {
-    const double x = f.AtX(k * f.X.Step);
-    rule(x, f.Box.Top, x, bottom);
-    DrawText(cr, TickText(k * f.X.Step, f.X.Step), x, bottom + 1.3 * size,
-             {.Size = size, .Colour = QuietInk, .Anchor = TextAnchor::Middle});
-  }
-}
-
-void TracePath(cairo_t *cr, const Frame &f, const LinePlot &plot, const PlotLine &line) {
+void TracePath(cairo_t *cr, const PlotFrame &f, const LinePlot &plot, const PlotLine &line) {
   for (std::size_t i = 0; i < plot.X.size(); ++i) cairo_line_to(cr, f.AtX(plot.X[i]), f.AtY(line.Y[i]));
 }
 
-void PaintLine(cairo_t *cr, const Frame &f, const LinePlot &plot, const PlotLine &line, double size,
+void PaintLine(cairo_t *cr, const PlotFrame &f, const LinePlot &plot, const PlotLine &line, double size,
                bool filled) {
   cairo_new_path(cr);
   if (filled) {
@@ -84,7 +39,8 @@ void PaintLine(cairo_t *cr, const Frame &f, const LinePlot &plot, const PlotLine
 }
 
 // Words on the plot, kept within it.
-void Label(cairo_t *cr, const Frame &f, const std::string &text, double x, double y, const TextStyle &style) {
+void Label(cairo_t *cr, const PlotFrame &f, const std::string &text, double x, double y,
+           const TextStyle &style) {
   const double half = TextWidth(cr, text, style) / 2, margin = 0.4 * style.Size;
   x = std::clamp(x, f.Box.Left + half + margin,
                  std::max(f.Box.Left + f.Box.Width - half - margin, f.Box.Left + half + margin));
@@ -102,7 +58,7 @@ void PaintDashes(cairo_t *cr, double from, double to, double y, std::uint32_t co
   cairo_set_dash(cr, nullptr, 0, 0);
 }
 
-void PaintPeak(cairo_t *cr, const Frame &f, const LinePlot &plot, double size) {
+void PaintPeak(cairo_t *cr, const PlotFrame &f, const LinePlot &plot, double size) {
   const PlotLine &line = plot.Line.front();
   const auto peak = std::max_element(line.Y.begin(), line.Y.end());
   const double x = f.AtX(plot.X[static_cast<std::size_t>(peak - line.Y.begin())]), y = f.AtY(*peak);
@@ -152,7 +108,7 @@ void PaintPlot(cairo_t *cr, const LinePlot &plot, const PageBox &box, double siz
       most = std::max(most, *std::max_element(line.Y.begin(), line.Y.end()));
     }
   if (!any) return;
-  Frame f;
+  PlotFrame f;
   const double top = box.Top + 2.8 * size, bottom = box.Top + box.Height - 3 * size;
   if (plot.MarkPeak) most *= 1.08; // room for the words
   f.Y = AxisOf(least, most, std::clamp((bottom - top) / (2.4 * size), 2.0, 6.0));
@@ -162,7 +118,7 @@ void PaintPlot(cairo_t *cr, const LinePlot &plot, const PageBox &box, double siz
   f.Box = {box.Left + labels + 0.5 * size, top, box.Width - labels - 1.5 * size, bottom - top};
   f.X = {0, plot.X.back() > 0 ? plot.X.back() : 1, 1};
   f.X.Step = RoundStep(f.X.To, std::clamp(f.Box.Width / (4 * size), 2.0, 8.0));
-  PaintGrid(cr, f, size);
+  PaintAxes(cr, f, size);
   for (const PlotLine &line : plot.Line)
     if (Drawable(plot, line)) PaintLine(cr, f, plot, line, size, plot.Line.size() == 1);
   const PlotLine &first = plot.Line.front();

@@ -5,6 +5,7 @@
 #include "outputs/channel_table.h"
 #include "outputs/chart_picture.h"
 #include "outputs/motor_report.h"
+#include "outputs/plot_picture.h"
 #include "outputs/thrust_file.h"
 #include "performance/charts.h"
 #include "shell/save_target.h"
@@ -42,7 +43,10 @@ void SaveChart(Workbench &bench) {
   const PictureForm form = ending == ".png"   ? PictureForm::Png
                            : ending == ".svg" ? PictureForm::Svg
                                               : PictureForm::Pdf;
-  Tell(bench, title, WriteChartPicture(chart, form, path));
+  const Plot &plot = bench.Out.My_Chart3;
+  Tell(bench, title,
+       plot.Curve.empty() ? WriteChartPicture(chart, form, path)
+                          : WritePlotPicture(plot, chart.Title, "The inputs at hand", form, path));
 }
 
 void ExportThrustFile(Workbench &bench) {

@@ -164,8 +164,19 @@ TEST_F(PressureJourney, ComparesKeptAndMeasured) {
        "\nexpect box bad.csv: line 2\nbox OK\npress Load_Measured\nfile cancel");
   ASSERT_EQ(Screen().My_Chart3.Curve.size(), 6u);
   EXPECT_TRUE(Screen().Compare.Row.back().Cell[4].ends_with("  125")) << Screen().Compare.Row.back().Cell[4];
-  Play("press Chart_Pressure");
+  const auto strokes = [this](const char *file) {
+    const std::string svg = Read(file);
+    int count = 0;
+    for (auto at = svg.find("stroke-width=\"2\""); at != svg.npos;
+         at = svg.find("stroke-width=\"2\"", at + 1))
+      ++count;
+    return count;
+  };
+  Play("press Save_Chart\nfile " + At("compared.svg") + "\npress Chart_Pressure\npress Save_Chart\nfile " +
+       At("pressure.svg"));
   EXPECT_EQ(Screen().My_Chart3.Curve.size(), 5u) << "a measured thrust is no pressure";
+  EXPECT_EQ(strokes("pressure.svg"), 2 * 5) << "each curve once, and once in the key";
+  EXPECT_EQ(strokes("compared.svg"), 2 * 5) << "what was measured is dots";
 }
 
 TEST_F(PressureJourney, ExportsOrSaysWhyNot) {
