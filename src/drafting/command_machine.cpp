@@ -49,6 +49,7 @@ void ToIdle(Drafting &d) {
   d.Cmd.CmdNo = 0;
   d.Cmd.BackDepth = d.Cmd.BackPos = 0;
   d.Cmd.DeltaPending = false;
+  if (d.Under) d.Cmd.RefType = d.Under->RefType; // a zoom has its own
   d.Under.reset();
   d.Marks.clear();
   d.Answers.clear();

@@ -103,7 +103,9 @@ std::string TypePoint(Drafting &d, double x, double y) {
 std::string Pick(Drafting &d, const Instruction &step) {
   const Point at{step.Value2, step.Value3};
   if (d.Cmd.CmdNo == 0 && step.PointArea != LogSelectEnt) return "no command runs";
-  const bool row = std::abs(step.Value1) <= 300 && step.Value1 == std::floor(step.Value1);
+  // A place by formulas is what the author meant, whatever row stood there.
+  const bool row =
+      step.Value4.empty() && std::abs(step.Value1) <= 300 && step.Value1 == std::floor(step.Value1);
   d.Play.Row = row ? static_cast<int>(step.Value1) : -1;
   d.Play.RowType = step.PlotType;
   if (d.Cmd.CmdNo == 0)
@@ -145,12 +147,11 @@ std::string AcceptFrame(Drafting &d, const Instruction &step) {
 
 std::string Enter(Drafting &d, const Instruction &step) {
   const int kind = step.PointArea == MirrorAgain ? Mirror : step.PointArea;
+  if (kind == 51 || kind == 53) return AcceptFrame(d, step); // be it under a zoom
   if (d.Cmd.CmdNo != kind) return "its command does not run";
   switch (kind) {
   case 26:
   case 36: return TypeX(d, step.Value1);
-  case 51:
-  case 53: return AcceptFrame(d, step);
   case 54: return "no circle or arc was picked for it";
   case 55:
   case 56: d.Tool.ToolRadius = step.Value1; return step.Value1 > 0 ? "" : "a radius must be above 0";

@@ -177,7 +177,7 @@ TEST(RandomSessions, PlayToTheSameTable) {
   TemplateRecording rec;
   TemplatePlay play;
   std::size_t rows = 0;
-  for (int round = 0; round < 9000 * Rounds(); ++round) {
+  for (int round = 0; round < 2000 * Rounds(); ++round) {
     const auto seed = static_cast<unsigned>(Seed()) + static_cast<unsigned>(round);
     SCOPED_TRACE("seed " + std::to_string(seed));
     screen.Luck.Source.seed(seed);
@@ -195,10 +195,9 @@ TEST(RandomSessions, PlayToTheSameTable) {
     ASSERT_EQ(MacText(read), MacText(mac));
     rows += drawn.size();
     BeginPlay(play, draft, read, read.Variables);
-    std::string counts = "rows " + std::to_string(grain.Table.EntCount + 1);
-    while (NextInstruction(play, draft)) counts += " " + std::to_string(play.Next) + ":" + std::to_string(grain.Table.EntCount + 1);
+    while (NextInstruction(play, draft)) {}
     ASSERT_EQ(play.Fault, "") << LogText(mac.Log);
-    ASSERT_EQ(Difference(RowsOf(grain.Table), drawn), "") << counts << "\n" << LogText(mac.Log);
+    ASSERT_EQ(Difference(RowsOf(grain.Table), drawn), "") << LogText(mac.Log);
   }
   EXPECT_GT(rows, 5000u * static_cast<unsigned>(Rounds()));
 }
