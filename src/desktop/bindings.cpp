@@ -37,8 +37,10 @@ protected:
 private:
   // Tab among the fields of drafting; the way through a list below the field.
   bool TakesKey(int code) const {
-    constexpr int Tab = 9, Up = 38, Down = 40;
+    constexpr int Tab = 9, Up = 38, Down = 40, F2 = 113;
     if (Control == Ctl::Find_Text) return code == Up || code == Down;
+    if (RowOf(Control).Name.starts_with("VariableName(")) return code == Up || code == Down;
+    if (code == F2) return RowOf(Control).Window == "frmMain";
     const bool drafting = Control == Ctl::X_Input || Control == Ctl::Y_Input;
     return code == Tab && (drafting || RowOf(Control).Name.starts_with("Prop_"));
   }

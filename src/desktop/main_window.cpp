@@ -11,6 +11,7 @@
 #include "desktop/pressure_window.h"
 #include "desktop/property_pane.h"
 #include "desktop/side_pane.h"
+#include "desktop/template_strip.h"
 #include "desktop/tools_pane.h"
 #include "desktop/typing_card.h"
 #include "platform/events.h"
@@ -61,6 +62,7 @@ MainWindow::MainWindow(Sender send) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildRecoveryBar(Controls));
+  column->addWidget(BuildTemplateStrip(Controls));
   column->addLayout(row, 1);
   auto *points = new PointStrip(Controls);
   column->addWidget(points);

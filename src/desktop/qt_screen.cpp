@@ -231,6 +231,12 @@ void QtScreen::RunModal(Form form) {
     case Form::ExportDxf: return MakeExportDxf(send, parent);
     case Form::FindTool: return MakeFindTool(send, parent);
     case Form::Propellants: return MakePropellants(send, parent);
+    case Form::VariableNames: return MakeVariableNames(send, parent);
+    case Form::MacroParams: return MakeMacroParams(send, parent);
+    case Form::Gallery: return MakeGallery(send, parent);
+    case Form::TemplateFile: return MakeTemplateFile(send, parent);
+    case Form::TemplateValues: return MakeTemplateValues(send, parent);
+    case Form::Preview: return MakePreview(send, parent);
     }
     return MakeAbout(send, parent);
   }());

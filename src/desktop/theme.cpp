@@ -131,6 +131,11 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #PromptStrip { background: @Window; border-top: 1px solid @Hairline; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
+#TemplateNoteFrame { background: @Notice; border-bottom: 1px solid @Hairline; }
+#TemplateNoteFrame QListView { background: transparent; border: none; padding: 0; }
+#TemplateNoteFrame QListView::item { background: @Field; border: 1px solid @Hairline; border-radius: 5px; padding: 1px 8px; margin-right: 6px; min-height: 20px; }
+#TemplateNoteFrame QListView::item:selected { border-color: @Accent; }
+QPushButton[step="true"] { padding: 2px 0; }
 #Empty_Card, #SimMsg_Card { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
 #Typing_Card, #MessageStrip { background: @Field; border: 1px solid @Edge; border-radius: 8px; }
 #Typing_Card { border-color: @Accent; }

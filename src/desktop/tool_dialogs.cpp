@@ -2,6 +2,7 @@
 
 #include "desktop/command_frames.h"
 #include "desktop/event_codes.h"
+#include "desktop/name_list.h"
 #include "desktop/panes.h"
 #include "desktop/theme.h"
 #include "platform/events.h"
@@ -47,6 +48,13 @@ FormDialog *MakeQuestion(Sender send, QWidget *parent) {
   label->setBuddy(field);
   column->addWidget(label);
   column->addWidget(field);
+  auto *names = new NameList(dialog->Controls, Ctl::VariableList1, false, [field] { return field; });
+  names->setToolTip("A double click puts the variable into the answer");
+  column->addWidget(names);
+  dialog->Follow = [names](const Screen &) {
+    if (names->count() > 0)
+      names->setFixedHeight(names->sizeHintForRow(0) * std::min(names->count(), 6) + 10);
+  };
   column->setSpacing(10);
   column->addSpacing(6);
   AddDialogButtons(*dialog, *column, Ctl::Question_OK, Ctl::Question_Cancel);

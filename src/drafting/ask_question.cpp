@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "drafting/report.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -10,6 +11,23 @@ constexpr const char *ErrorTitle = "Input Error";
 
 void Refuse(Drafting &d, const std::string &text) {
   if (d.Grain.MacroMode != 2) d.Out.Ask({text, ErrorTitle, Buttons::Ok, Icon::Stop}); // it is asked again
+}
+
+void ShowQuestion(Screen &out, std::string_view label, std::string_view caption, const std::string &text) {
+  out[Ctl::Question_Form].Text = caption;
+  out[Ctl::Question_Label].Text = label;
+  out[Ctl::Question_Value].Text = text;
+  out[Ctl::Question_Form].Visible = true;
+  out.Focus = Ctl::Question_Value;
+  out.RunModal(Form::Question);
+  out[Ctl::Question_Form].Visible = false;
+}
+
+void OfferVariables(Screen &out, std::vector<std::string> names) {
+  Control &list = out[Ctl::VariableList1];
+  list.Item = std::move(names);
+  list.Index = -1;
+  list.Visible = !list.Item.empty();
 }
 
 std::string Objection(const Question &q, double value) {
@@ -61,14 +79,9 @@ std::optional<double> AskQuestion(Drafting &d, const Question &q) {
   if (d.Play.On) return Recorded(d, q);
   Screen &out = d.Out;
   std::string text = PlainText(q.Value);
+  OfferVariables(out, d.Log.On ? VariableNames(d.Variables) : std::vector<std::string>{});
   for (;;) {
-    out[Ctl::Question_Form].Text = q.Caption;
-    out[Ctl::Question_Label].Text = q.Label;
-    out[Ctl::Question_Value].Text = text;
-    out[Ctl::Question_Form].Visible = true;
-    out.Focus = Ctl::Question_Value;
-    out.RunModal(Form::Question);
-    out[Ctl::Question_Form].Visible = false;
+    ShowQuestion(out, q.Label, q.Caption, text);
     text = out[Ctl::Question_Value].Text;
     if (text.find_first_not_of(" \t") == std::string::npos) return std::nullopt;
     const Formula formula = FieldFormula(d, text);
@@ -100,6 +113,24 @@ bool AskDelta(Drafting &d, double &dx, double &dy) {
   return true;
 }
 
+std::string AskText(Screen &out, std::string_view label, std::string_view caption, const std::string &text) {
+  OfferVariables(out, {});
+  ShowQuestion(out, label, caption, text);
+  return out[Ctl::Question_Value].Text;
+}
+
+std::vector<std::string> VariableNames(const VariableTable &table) {
+  std::vector<std::string> names;
+  for (const VariableRow &row : table.Row)
+    if (row.Name.size() > 1) names.push_back(row.Name.substr(1));
+  return names;
+}
+
+std::string WithInserted(const std::string &text, int caret, const std::string &name) {
+  const std::size_t at = caret < 0 ? text.size() : std::min(text.size(), static_cast<std::size_t>(caret));
+  return text.substr(0, at) + name + text.substr(at);
+}
+
 void QuestionEvent(Screen &out, const Event &event) {
   const bool key = event.What == Event::Kind::Key;
   const bool press = event.What == Event::Kind::Press;
@@ -109,6 +140,12 @@ void QuestionEvent(Screen &out, const Event &event) {
                       (key && (event.KeyCode == 27 || (event.KeyCode == 13 && !accept)));
   if (event.What == Event::Kind::Text && event.Target == Ctl::Question_Value)
     out[Ctl::Question_Value].Text = event.Text;
+  if (press && event.Target == Ctl::VariableList1) {
+    std::string &text = out[Ctl::Question_Value].Text;
+    text = WithInserted(text, event.Caret, event.Text);
+    out.Focus = Ctl::Question_Value;
+    out.CursorAtEnd = true;
+  }
   if (cancel) out[Ctl::Question_Value].Text.clear();
   if (accept || cancel) out[Ctl::Question_Form].Visible = false;
 }

@@ -27,4 +27,10 @@ Formula FieldFormula(const Drafting &, std::string_view text); // with the user'
 // A field's text as a formula; nothing, and a box titled "Input Error", when it is no number.
 std::optional<double> FieldValue(Drafting &, std::string_view text);
 bool IsPlainNumber(const std::string &text); // digits, sign and point: no formula to be kept
+// Opens Question_Form for a text. Empty: nothing was entered, or Cancel.
+std::string AskText(Screen &, std::string_view label, std::string_view caption, const std::string &text);
 void QuestionEvent(Screen &, const Event &); // events of Question_Form
+
+std::vector<std::string> VariableNames(const VariableTable &); // those in use, in the table's order
+std::string WithInserted(const std::string &text, int caret,
+                         const std::string &name); // caret -1: at the end

@@ -1,6 +1,7 @@
 #include "outputs/canvas.h"
 
 #include "base/whole_file.h"
+#include "outputs/bitmap.h"
 
 #include <algorithm>
 #include <cairo-pdf.h>
@@ -32,7 +33,8 @@ cairo_surface_t *Open(PictureForm form, const PageSize &page, std::string &bytes
   switch (form) {
   case PictureForm::Svg: return cairo_svg_surface_create_for_stream(Collect, &bytes, page.Width, page.Height);
   case PictureForm::Pdf: return cairo_pdf_surface_create_for_stream(Collect, &bytes, page.Width, page.Height);
-  case PictureForm::Png: break;
+  case PictureForm::Png:
+  case PictureForm::Bmp: break;
   }
   return cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(page.Width * page.Density + 0.5),
                                     static_cast<int>(page.Height * page.Density + 0.5));
@@ -73,13 +75,15 @@ std::string RenderPage(PictureForm form, const PageSize &page, const std::functi
   std::string bytes;
   Surface surface{Open(form, page, bytes)};
   Context cr{cairo_create(surface.get())};
-  if (form == PictureForm::Png) cairo_scale(cr.get(), page.Density, page.Density);
+  const bool pixels = form == PictureForm::Png || form == PictureForm::Bmp;
+  if (pixels) cairo_scale(cr.get(), page.Density, page.Density);
   if (form == PictureForm::Svg) cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
   draw(cr.get());
   cairo_status_t status = cairo_status(cr.get());
   cr.reset();
   if (status == CAIRO_STATUS_SUCCESS && form == PictureForm::Png)
     status = cairo_surface_write_to_png_stream(surface.get(), Collect, &bytes);
+  if (status == CAIRO_STATUS_SUCCESS && form == PictureForm::Bmp) bytes = BitmapBytes(surface.get());
   cairo_surface_finish(surface.get());
   if (status == CAIRO_STATUS_SUCCESS) status = cairo_surface_status(surface.get());
   if (status != CAIRO_STATUS_SUCCESS)

@@ -5,8 +5,8 @@
 #include <functional>
 #include <string>
 
-// A page drawn once and written in any form. Page units are points of SVG and PDF; PNG has `density` pixels
-// for each.
+// A page drawn once and written in any form. Page units are points of SVG and PDF; PNG and BMP have
+// `density` pixels for each.
 struct PageSize {
   double Width = 0, Height = 0, Density = 1;
 };

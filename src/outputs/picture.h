@@ -5,7 +5,7 @@
 
 #include <string>
 
-enum class PictureForm { Svg, Png, Pdf };
+enum class PictureForm { Svg, Png, Pdf, Bmp };
 
 // Draws a list of items on a page of the given pixels (points for PDF) through one routine, whatever the
 // form. Returns the trouble, or an empty text. Written atomically.

@@ -14,6 +14,13 @@ Ctl WindowOf(Form form) {
   case Form::ExportDxf: return Ctl::Export_DXF;
   case Form::FindTool: return Ctl::Find_Tool;
   case Form::Propellants: return Ctl::Propellants_Form;
+  case Form::Setup3d: return Ctl::Setup_3D;
+  case Form::VariableNames: return Ctl::VariableNameForm;
+  case Form::MacroParams: return Ctl::MacroParams;
+  case Form::Gallery: return Ctl::Grain_Selection_Window;
+  case Form::TemplateFile: return Ctl::Template_File;
+  case Form::TemplateValues: return Ctl::TemplateForm;
+  case Form::Preview: return Ctl::PreviewForm;
   }
   return Ctl::Count;
 }

@@ -4,6 +4,7 @@
 #include "platform/draw_surface.h"
 #include "platform/event.h"
 #include "platform/plot.h"
+#include "platform/scene.h"
 
 #include <array>
 #include <cstdint>
@@ -53,10 +54,23 @@ enum class Form : std::uint8_t {
   ExportDxf,
   SaveResults,
   FindTool,
-  Propellants
+  Propellants,
+  VariableNames,
+  MacroParams,
+  Gallery,
+  TemplateFile,
+  TemplateValues,
+  Preview,
+  Setup3d
 };
 Ctl WindowOf(Form); // the control that stands for the form itself
 enum class FileUse : std::uint8_t { Open, SaveAs };
+
+// A thing to choose by its picture.
+struct PictureItem {
+  std::string Name, Note, PictureFile; // a bitmap on disk; empty: Drawing stands for it
+  DrawSurface Drawing;
+};
 
 // All that is shown, and the only way to speak to the user. The core writes Show, Panel and the charts; a
 // screen copies what differs after each event. Answers come back through the virtual calls; events through
@@ -69,10 +83,15 @@ public:
   Plot My_Chart3;
   TextTable Compare; // of Compare_Table
   Plot Pep_Chart;
-  TextTable Pep_Grid;        // of Result_Grid
-  NozzleShape Nozzle;        // of Draw_Nozzle
-  int PixelWidth = 1440;     // of the whole screen
-  WindowPlace MainPlace;     // start-up writes it before frmMain is shown; the screen keeps it true
+  TextTable Pep_Grid;           // of Result_Grid
+  NozzleShape Nozzle;           // of Draw_Nozzle
+  PictureScene View3d;          // of Picture1
+  DrawSurface Template_Picture; // GrainPic shows it too
+  Chart Template_Chart;
+  std::vector<PictureItem> Gallery; // of ListView1
+  unsigned GalleryNumber = 0;       // another one whenever an item has changed
+  int PixelWidth = 1440;            // of the whole screen
+  WindowPlace MainPlace;            // start-up writes it before frmMain is shown; the screen keeps it true
   Ctl Focus = Ctl::Count;    // the core asks the focus to go there, its text selected; the screen takes it up
                              // and resets it
   bool CursorAtEnd = false;  // of the text in Focus, none of it selected; reset with it
@@ -106,6 +125,24 @@ public:
   virtual void StartDiagnosis(std::function<void()> work, std::function<void()> done) {
     work();
     done();
+  }
+
+  // The same for the solids of Picture1.
+  virtual void StartSolids(std::function<void()> work, std::function<void()> done) {
+    work();
+    done();
+  }
+  // Picture1 is about to be shown. The trouble when it cannot be drawn here, or empty.
+  virtual std::string OpenPicture() { return {}; }
+  // Picture1 as it is, without what only helps the hand, as the bytes of a PNG file. The trouble, or empty.
+  virtual std::string PictureBytes(std::string &png) {
+    (void)png;
+    return "There is nothing here that could draw the picture";
+  }
+  // A bitmap that is to be a texture: the trouble that names it, or empty.
+  virtual std::string CheckBitmap(const std::string &path) {
+    (void)path;
+    return {};
   }
 
   Control &operator[](Ctl c) { return Show[static_cast<std::size_t>(c)]; }

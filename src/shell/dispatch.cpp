@@ -22,7 +22,11 @@
 #include "shell/refresh_screen.h"
 #include "shell/results_form.h"
 #include "shell/settings_dialogs.h"
+#include "shell/setup3d_form.h"
 #include "shell/start_up.h"
+#include "shell/template_play.h"
+#include "shell/template_record.h"
+#include "shell/template_windows.h"
 #include "shell/tool_finder.h"
 
 #include <algorithm>
@@ -55,6 +59,8 @@ void Zoom(Workbench &bench, void (*change)(DrawSurface &)) {
 }
 
 void CloseProgram(Workbench &bench) {
+  if (bench.Template.Record.Running && !CancelRecording(bench)) return;
+  if (bench.Template.Play.Running) Stop_Macro(bench);
   if (!bench.Record.On || StopRecording(bench)) CloseMain(bench);
 }
 
@@ -107,6 +113,10 @@ constexpr PressRow PressTable[] = {
     {Ctl::mnuViewTools, [](Workbench &b) { TogglePane(b, "ToolsPane"); }},
     {Ctl::mnuViewReport, [](Workbench &b) { TogglePane(b, "ReportPane"); }},
     {Ctl::mnuViewSide, [](Workbench &b) { TogglePane(b, "SidePane"); }},
+    {Ctl::tb3DRender, OpenView3d},
+    {Ctl::tb2DPlot, CloseView3d},
+    {Ctl::tb3DConfig, EditSetup3d},
+    {Ctl::mnuView3d, [](Workbench &b) { b.View.Open ? CloseView3d(b) : OpenView3d(b); }},
     {Ctl::mnuDims, MenuDimensions},
     {Ctl::mnuLiveBurn, ToggleLive},
     {Ctl::mnuOptions, ShowOptions},
@@ -130,7 +140,9 @@ constexpr PressRow PressTable[] = {
 void PressInDrawing(Workbench &bench, const Event &event) {
   if (bench.Sim.ResultMode) return;
   const bool automatic = bench.Draft.Track.AutoPoint;
-  PressDrafting(bench.Draft, event);
+  Event press = event;
+  press.Target = ToolWanted(bench, event.Target);
+  PressDrafting(bench.Draft, press);
   if (bench.Draft.Track.AutoPoint == automatic) return;
   SaveSetting(bench.Settings, "Settings", "AutoPoint", automatic ? "0" : "1");
   WriteSettings(bench.Settings);
@@ -140,6 +152,7 @@ void Press(Workbench &bench, const Event &event) {
   if (!bench.Out[event.Target].Enabled) return;
   if (event.Button == RightButton) return OpenHotKeyList(bench, event.Target);
   bench.Out[Ctl::HotKeyList].Visible = false;
+  if (PressInView3d(bench, event.Target) || PressTemplate(bench, event)) return;
   for (const PressRow &row : PressTable)
     if (row.Target == event.Target) return row.Action(bench);
   PressInDrawing(bench, event);
@@ -170,9 +183,12 @@ void DrawingKey(Workbench &bench, const Event &event) {
 constexpr Ctl Fields[] = {Ctl::X_Input, Ctl::Y_Input};
 
 void MainKey(Workbench &bench, const Event &event) {
-  constexpr int F1 = 112, controlKey = 2;
+  constexpr int F1 = 112, F2 = 113, controlKey = 2;
   if (event.KeyCode == F1 && event.Shift == 0) return HelpKey(bench, event.Target);
   if (event.KeyCode == 'K' && event.Shift == controlKey) return FindAndPress(bench);
+  if (event.KeyCode == F2 && event.Target != Ctl::DrawPanel) return OfferVariables(bench, event.Target);
+  const bool drawing = event.Target == Ctl::DrawPanel;
+  if (bench.View.Open && drawing && event.Shift <= 1) return View3dKey(bench, event.KeyCode, event.Shift);
   if (IsPropertyField(event.Target)) return PropertyKey(bench.Draft, event);
   if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields))
     return FieldKey(bench.Draft, event);
@@ -181,6 +197,7 @@ void MainKey(Workbench &bench, const Event &event) {
 }
 
 void MainText(Workbench &bench, const Event &event) {
+  bench.Template.Field = event.Target;
   if (IsPropertyField(event.Target)) return PropertyText(bench.Draft, event);
   if (std::find(std::begin(Fields), std::end(Fields), event.Target) != std::end(Fields)) {
     FieldText(bench.Draft, event);
@@ -194,6 +211,7 @@ void AboutEvent(Workbench &bench, const Event &event) {
 }
 
 void Route(Workbench &bench, const Event &event) {
+  if (PlayHolds(bench, event) || TemplateWindowEvent(bench, event)) return;
   const std::string_view window = RowOf(event.Target).Window;
   if (window == "Dimensions") return DimensionsEvent(bench, event);
   if (window == "IntroPage") return IntroEvent(bench, event);
@@ -210,19 +228,29 @@ void Route(Workbench &bench, const Event &event) {
   if (motor && event.Target == Ctl::Pressure_PEP && event.What == Event::Kind::Press) return ShowPep(bench);
   if (window == "Pressure_Results") return PressureEvent(bench, event);
   if (window == "Propellants_Form") return PropellantFormEvent(bench, event);
+  if (window == "View_3D") return View3dEvent(bench, event);
+  if (window == "Setup_3D") return Setup3dEvent(bench, event);
   if (window == "Find_Tool") return FindToolEvent(bench, event);
   if (window == "Help_Window") return HelpEvent(bench, event);
   if (event.Target == Ctl::HotKeyList) return HotKeyListEvent(bench, event);
-  if (event.What == Event::Kind::Drop) return OpenDropped(bench, event.Text);
+  if (event.What == Event::Kind::Drop) {
+    if (bench.Out[Ctl::mnuFileOpen].Enabled) OpenDropped(bench, event.Text);
+    return;
+  }
   if (event.What == Event::Kind::Close) return CloseProgram(bench);
   if (event.What == Event::Kind::Press) return Press(bench, event);
   if (event.What == Event::Kind::Key) return MainKey(bench, event);
   if (event.What == Event::Kind::Text) return MainText(bench, event);
   if (event.Target == Ctl::DrawPanel) return PanelEvent(bench, event);
-  if (event.Target == Ctl::MyLiveChart) return LiveChartEvent(bench, event);
+  if (event.Target == Ctl::MyLiveChart) {
+    LiveChartEvent(bench, event);
+    return ChartMovedBurn(bench);
+  }
   if (event.What == Event::Kind::MouseMove &&
-      (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2))
+      (event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2)) {
     ReplayAt(bench.Out, bench.Sim, event.X);
+    ChartMovedBurn(bench);
+  }
 }
 
 } // namespace

@@ -74,6 +74,7 @@ void ImportDxfDrawing(Workbench &bench) {
   fresh.CurrentFile.clear();
   fresh.SavedFlag = false;
   bench.Grain = fresh;
+  bench.Template.UsedName.clear();
   ResetDrafting(bench.Draft);
   bench.Caption = std::filesystem::path(*path).filename().string();
   bench.Recovered.Open = false;

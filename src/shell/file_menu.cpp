@@ -44,6 +44,7 @@ bool WriteTo(Workbench &bench, const std::string &path, const std::string &title
 void OpenPath(Workbench &bench, const std::string &path) {
   LeaveResults(bench.Grain, bench.Out, bench.Sim);
   if (!ReadIntoDesign(bench, path)) return;
+  StandGrainAnew(bench);
   KeepRecent(bench, path);
 }
 } // namespace
@@ -75,6 +76,7 @@ void NewGrain(Workbench &bench) {
   grain.Table.EntCount = -1;
   ResetDrafting(bench.Draft);
   bench.Caption.clear();
+  bench.Template.UsedName.clear();
   bench.Recovered.Open = false;
   const float back = grain.Doc.BackColor,
               lines = grain.Doc.LineColor; // New reads the first twelve values only
@@ -97,6 +99,7 @@ bool ReadIntoDesign(Workbench &bench, const std::string &path) {
   fresh.CurrentFile = path;
   fresh.SavedFlag = true;
   bench.Grain = fresh;
+  bench.Template.UsedName.clear();
   ResetDrafting(bench.Draft);
   bench.Caption = BareName(path);
   bench.Recovered.Open = false;

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "burnback/run_sim.h"
+#include "shell/burn_chart.h"
 #include "shell/workbench.h"
 
 #include <algorithm>
@@ -10,64 +11,25 @@
 
 namespace {
 constexpr int RoomyWidth = 1280; // pixels
-constexpr std::uint32_t Rgb(std::uint32_t r, std::uint32_t g, std::uint32_t b) {
-  return r | g << 8 | b << 16;
-}
-constexpr std::uint32_t AreaFill = Rgb(255, 200, 180), KnFill = Rgb(200, 255, 180),
-                        BeforeFill = Rgb(200, 204, 209);
-constexpr Ctl Figures[] = {Ctl::Live_MaxKn,      Ctl::Live_FirstKn, Ctl::Live_MaxArea, Ctl::Live_Distance,
-                           Ctl::Live_Neutrality, Ctl::Live_Sliver,  Ctl::Live_Loading, Ctl::Live_ApAt};
+constexpr struct FigureSlot {
+  Ctl Control;
+  BurnFigure Figure;
+} Figures[] = {{Ctl::Live_MaxKn, BurnFigure::MaxKn},           {Ctl::Live_FirstKn, BurnFigure::FirstKn},
+               {Ctl::Live_MaxArea, BurnFigure::MaxArea},       {Ctl::Live_Distance, BurnFigure::Distance},
+               {Ctl::Live_Neutrality, BurnFigure::Neutrality}, {Ctl::Live_Sliver, BurnFigure::Sliver},
+               {Ctl::Live_Loading, BurnFigure::Loading},       {Ctl::Live_ApAt, BurnFigure::ApAt}};
 
 // The curve in view is not that of the drawing at hand.
 bool Former(const LiveView &live) { return live.UnderWay || !live.Newest.Burnt; }
 
-std::vector<float> CurveOf(const BurnRun &run) {
-  std::vector<float> curve;
-  curve.reserve(run.Result.size());
-  for (const ResultRow &row : run.Result)
-    curve.push_back(run.HasThroat ? row.Kn : row.CoreArea + row.EndsArea);
-  return curve;
-}
-
-void AddSeries(Chart &chart, const char *name, std::uint32_t fill, std::vector<float> curve) {
-  curve.resize(chart.X.size());
-  chart.Series.push_back({name, fill, std::move(curve)});
-}
-
-void FillChart(const LiveView &live, Chart &chart) {
-  const BurnRun &run = live.Run;
-  std::vector<float> curve = CurveOf(run);
-  chart.X.clear();
-  chart.Series.clear();
-  chart.XTitle = "Burn distance, mm";
-  chart.YTitle = chart.Title = run.HasThroat ? "Kn" : "Area, mm²";
-  if (curve.empty()) return;
-  const bool before = !live.Before.empty() && live.Before != curve;
-  const std::size_t steps = before ? std::max(curve.size(), live.Before.size()) : curve.size();
-  for (std::size_t i = 1; i <= steps; ++i)
-    chart.X.push_back(static_cast<float>(run.BurnIncrement * static_cast<double>(i)));
-  if (Former(live)) return AddSeries(chart, "Before", BeforeFill, std::move(curve));
-  if (before) AddSeries(chart, "Before", BeforeFill, live.Before);
-  AddSeries(chart, run.HasThroat ? "Kn" : "Area", run.HasThroat ? KnFill : AreaFill, std::move(curve));
-}
-
 void FillFigures(const LiveView &live, Screen &out) {
   const BurnRun &run = live.Run;
-  const bool any = run.StepCount > 0, throat = any && run.HasThroat;
-  const auto set = [&](Ctl figure, const char *caption, bool known, double value, const char *mask) {
-    out[figure].Text = std::string(caption) + ": " + (known ? FormatMask(value, mask) : any ? "N/A" : "");
-    out[figure].Enabled = !Former(live);
-    out[figure].Visible = any && out[Ctl::Live_Frame].Visible;
-  };
-  set(Ctl::Live_MaxKn, "Max Kn", throat, run.MaxKn, "0.0");
-  set(Ctl::Live_FirstKn, "First Kn", throat && !run.Figures.empty(),
-      run.Figures.empty() ? 0 : run.Figures.front().Kn, "0.0");
-  set(Ctl::Live_MaxArea, "Max area, mm²", any, run.MaxBurnArea, "##,##0");
-  set(Ctl::Live_Distance, "Burns out at, mm", any, run.LastLiveDist, "0.00");
-  set(Ctl::Live_Neutrality, "Neutrality", any, run.Neutrality, "0.0%");
-  set(Ctl::Live_Sliver, "Sliver", any && run.HasSliver, run.SliverFraction, "0.0%");
-  set(Ctl::Live_Loading, "Volume loading", any, run.VolumeLoading, "0.0%");
-  set(Ctl::Live_ApAt, "Ap/At", throat, run.ApAt, "0.00");
+  const bool any = run.StepCount > 0;
+  for (const FigureSlot &slot : Figures) {
+    out[slot.Control].Text = BurnFigureText(run, slot.Figure);
+    out[slot.Control].Enabled = !Former(live);
+    out[slot.Control].Visible = any && out[Ctl::Live_Frame].Visible;
+  }
 }
 
 std::string NoteOf(const LiveView &live) {
@@ -81,7 +43,7 @@ std::string NoteOf(const LiveView &live) {
 }
 
 void Fill(Workbench &bench) {
-  FillChart(bench.Live, bench.Out.MyLiveChart);
+  FillBurnChart(bench.Live.Run, bench.Live.Before, Former(bench.Live), bench.Out.MyLiveChart);
   FillFigures(bench.Live, bench.Out);
   bench.Out[Ctl::Live_Note].Text = NoteOf(bench.Live);
   bench.Out[Ctl::MyLiveChart].Visible = bench.Out[Ctl::Live_Frame].Visible && bench.Live.Run.StepCount > 0;
@@ -116,7 +78,7 @@ void FollowTool(Workbench &bench) {
   if (live.Tool == bench.Draft.Cmd.CmdNo) return;
   live.Tool = bench.Draft.Cmd.CmdNo;
   live.Before.clear();
-  if (live.Tool != 0) live.Before = CurveOf(live.Run);
+  if (live.Tool != 0) live.Before = BurnCurve(live.Run);
   live.Due = true;
 }
 
@@ -158,7 +120,7 @@ void RefreshLive(Workbench &bench) {
   for (const Ctl c : {Ctl::Live_Frame, Ctl::Live_Note}) out[c].Visible = shown;
   if (!shown) {
     out[Ctl::MyLiveChart].Visible = false;
-    for (const Ctl c : Figures) out[c].Visible = false;
+    for (const FigureSlot &slot : Figures) out[slot.Control].Visible = false;
   }
   if (!shown || bench.Grain.MacroMode == 2) return;
   if (bench.Grain.Table.EntCount < 0) {
@@ -183,16 +145,9 @@ void LeaveLiveChart(Workbench &bench) {
   bench.Out.MyLiveChart.CursorText.clear();
 }
 
-void LiveChartEvent(Workbench &bench, const Event &event) {
+static void MarkStep(Workbench &bench, int step) {
   const BurnRun &run = bench.Live.Run;
   Chart &chart = bench.Out.MyLiveChart;
-  if (event.What != Event::Kind::MouseMove && event.What != Event::Kind::Leave) return;
-  const int reached = std::min<int>(run.StepCount, run.RowsReached);
-  const bool over = event.What == Event::Kind::MouseMove && !Former(bench.Live) && reached > 0;
-  const int step =
-      over ? std::clamp(static_cast<int>(std::lround(static_cast<double>(chart.X.size()) * event.X)), 1,
-                        reached)
-           : 0;
   if (step == chart.CursorStep) return;
   LeaveLiveChart(bench);
   if (step == 0) return;
@@ -202,4 +157,28 @@ void LiveChartEvent(Workbench &bench, const Event &event) {
   chart.CursorText = FormatMask(row.BurnDist, "0.00") + " mm   " +
                      (run.HasThroat ? "Kn " + FormatMask(row.Kn, "0.0")
                                     : FormatMask(row.CoreArea + row.EndsArea, "##,##0") + " mm²");
+}
+
+void MarkLive(Workbench &bench, double burnDist) {
+  const BurnRun &run = bench.Live.Run;
+  const int reached = std::min<int>(run.StepCount, run.RowsReached);
+  const bool shown = bench.Out[Ctl::MyLiveChart].Visible && !Former(bench.Live) && reached > 0;
+  MarkStep(bench,
+           shown
+               ? std::clamp(static_cast<int>(std::lround(std::clamp(burnDist / run.BurnIncrement, 1.0, 1e6))),
+                            1, reached)
+               : 0);
+}
+
+void LiveChartEvent(Workbench &bench, const Event &event) {
+  const BurnRun &run = bench.Live.Run;
+  const Chart &chart = bench.Out.MyLiveChart;
+  if (event.What != Event::Kind::MouseMove && event.What != Event::Kind::Leave) return;
+  const int reached = std::min<int>(run.StepCount, run.RowsReached);
+  const bool over = event.What == Event::Kind::MouseMove && !Former(bench.Live) && reached > 0;
+  const int step =
+      over ? std::clamp(static_cast<int>(std::lround(static_cast<double>(chart.X.size()) * event.X)), 1,
+                        reached)
+           : 0;
+  MarkStep(bench, step);
 }

@@ -5,6 +5,7 @@
 #include "drafting/frames.h"
 #include "shell/pep_window.h"
 #include "shell/pressure_window.h"
+#include "shell/template_play.h"
 #include "shell/tool_hints.h"
 
 #include <array>
@@ -37,6 +38,10 @@ constexpr HintRow Hints[] = {
     {Ctl::mnuLiveBurn, "Live Burn: the curve of the drawing at hand, beside it"},
     {Ctl::mnuDebugMode, "Debug Mode: shows more about faults"},
     {Ctl::mnuIntro, "Introduction: the first page again"},
+    {Ctl::mnuchoosetemplate, "Choose Template: a parametric grain by its picture, with numbers of your own"},
+    {Ctl::mnumaketemplate, "Make Template: records a drawing with variables, to be drawn again with others"},
+    {Ctl::tbTemplates, "Templates: a parametric grain by its picture, with numbers of your own"},
+    {Ctl::Empty_Template, "A parametric grain by its picture"},
     {Ctl::tbNew, "New: an empty grain of the same dimensions (Ctrl+N)"},
     {Ctl::tbOpen, "Open: a grain file from disk (Ctrl+O)"},
     {Ctl::tbSave, "Save: the grain under its name (Ctrl+S)"},
@@ -52,12 +57,29 @@ constexpr HintRow Hints[] = {
     {Ctl::Recovery_SaveAs, "Saves the recovered design under a name of your choice"},
     {Ctl::Recovery_Discard, "Starts empty; the recovered copy stays in the File menu"},
     {Ctl::Empty_Open, "Opens a grain file (Ctrl+O)"},
+    {Ctl::tb3DRender, "3D View: the grain cut open, at any instant of its burn"},
+    {Ctl::tb2DPlot, "2D Plot: the drawing, and the contours of the burn once it was run"},
+    {Ctl::tb3DConfig, "3D Setup: colours, textures, liner and background of the 3D view"},
+    {Ctl::View_Front, "Front: end B, as it is drawn (1; the other end: 5)"},
+    {Ctl::View_Side, "Side: end B at the right (2; the other side: 6)"},
+    {Ctl::View_Top, "Top: from above (3; from below: 7)"},
+    {Ctl::View_Iso, "Isometric (4)"},
+    {Ctl::View_Fit, "Fit: the whole grain in the picture (F)"},
+    {Ctl::View_Perspective, "Perspective, or parallel (P)"},
+    {Ctl::Cut_None, "Whole: nothing is cut away (C)"},
+    {Ctl::Cut_Lengthwise, "Cut Lengthwise: drag the grip, or [ and ]; Shift+[ and ] turn it (C)"},
+    {Ctl::Cut_Across, "Cut Across: drag the grip, or [ and ] (C)"},
+    {Ctl::Show_Liner, "Liner: shown, or left out (L)"},
+    {Ctl::Show_Core, "Core: the casting mandrel that leaves the port (M)"},
+    {Ctl::Save_Shot, "Save Picture: this view as a PNG file"},
+    {Ctl::Export_Mesh, "Export: this part at this burn distance, as STL or 3MF"},
+    {Ctl::Burn_Play, "Plays the burn, or holds it (Space)"},
 };
 
 // Controls whose subsystem is not part of this version: they stand in their place, greyed.
 constexpr Ctl Unavailable[] = {
-    Ctl::mnuchoosetemplate, Ctl::mnumaketemplate, Ctl::mnuTutor,   Ctl::tbTemplates,    Ctl::tbTutor,
-    Ctl::tb3DRender,        Ctl::tb2DPlot,        Ctl::tb3DConfig, Ctl::Empty_Template,
+    Ctl::mnuTutor,
+    Ctl::tbTutor,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -160,7 +182,9 @@ void RefreshScreen(Workbench &bench) {
   RecoveryControls(bench);
   ModeControls(bench);
   RefreshDiagnosis(bench);
+  RefreshTemplates(bench);
   RefreshPressure(bench);
   RefreshPep(bench);
   RefreshLive(bench);
+  RefreshView3d(bench);
 }

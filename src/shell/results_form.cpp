@@ -39,17 +39,25 @@ void FillForm(Workbench &bench) {
   out[Ctl::Burn_Inc].Text = PlainText(OfferedResultStep(bench.Grain.Doc));
   out[Ctl::Results_Header].Text.clear();
   out[Ctl::IncludeDimensions].Checked = true;
-  out[Ctl::Include_Template_Data].Enabled = out[Ctl::Include_Template_Data].Checked = false;
-  out[Ctl::Include_Template_Data].Hint = "The design is no template's";
+  const bool made = !bench.Template.UsedName.empty();
+  out[Ctl::Include_Template_Data].Enabled = made;
+  out[Ctl::Include_Template_Data].Checked = false;
+  out[Ctl::Include_Template_Data].Hint = made ? "" : "The design is no template's";
   for (const Ctl column : Columns) SetColumn(out[column], true);
   ShowNote(out);
 }
 
-ResultsForm FormOf(const Screen &out) {
+ResultsForm FormOf(const Workbench &bench) {
+  const Screen &out = bench.Out;
   ResultsForm form;
   form.Header = out[Ctl::Results_Header].Text;
   form.IncludeDimensions = out[Ctl::IncludeDimensions].Checked;
   for (std::size_t i = 0; i < Columns.size(); ++i) form.Column[i] = out[Columns[i]].Checked;
+  if (!out[Ctl::Include_Template_Data].Checked) return form;
+  form.TemplateName = bench.Template.UsedName;
+  for (const VariableRow &row : bench.Template.UsedValues.Row)
+    if (row.Name.size() > 1 && &row >= &bench.Template.UsedValues.Row[FirstUserVariable])
+      form.TemplateValue.emplace_back(row.Name.substr(1), row.Value);
   return form;
 }
 
@@ -102,7 +110,7 @@ void RunAndWrite(Workbench &bench) {
   BurnRefusal refusal;
   bench.Running = bench.Out[Ctl::SimMsg].Visible = true;
   const bool burnt =
-      ExportResults(bench.Grain, options, bench.Results.ResultBurnInc, FormOf(bench.Out), text, refusal);
+      ExportResults(bench.Grain, options, bench.Results.ResultBurnInc, FormOf(bench), text, refusal);
   bench.Running = bench.Out[Ctl::SimMsg].Visible = false;
   if (burnt) refusal.Text = WriteWhole(bench.Results.File, text);
   if (!refusal.Text.empty() && !refusal.Stopped) Tell(bench, RefusalWords(refusal));

@@ -25,11 +25,20 @@ constexpr PlaceField PlaceFields[] = {
     {"SideWidth", &WindowPlace::SideWidth}, {"ChartHeight", &WindowPlace::ChartHeight}};
 
 void HideWindows(Screen &out) {
-  for (const Ctl c :
-       {Ctl::frmMain, Ctl::frmSplash, Ctl::Dimensions, Ctl::IntroPage, Ctl::frmAbout, Ctl::SimMsg,
-        Ctl::UserPrompt, Ctl::Question_Form, Ctl::HotKeyForm, Ctl::Options_Form, Ctl::Grid_Control,
-        Ctl::Increments_2d, Ctl::Save_Results_Form, Ctl::Export_DXF, Ctl::Find_Tool, Ctl::Help_Window,
-        Ctl::Pressure_Results, Ctl::Propellants_Form, Ctl::PEP_SimA})
+  for (const Ctl c : {Ctl::frmMain,           Ctl::frmSplash,
+                      Ctl::Dimensions,        Ctl::IntroPage,
+                      Ctl::frmAbout,          Ctl::SimMsg,
+                      Ctl::UserPrompt,        Ctl::Question_Form,
+                      Ctl::HotKeyForm,        Ctl::Options_Form,
+                      Ctl::Grid_Control,      Ctl::Increments_2d,
+                      Ctl::Save_Results_Form, Ctl::Export_DXF,
+                      Ctl::Find_Tool,         Ctl::Help_Window,
+                      Ctl::Pressure_Results,  Ctl::Propellants_Form,
+                      Ctl::PEP_SimA,          Ctl::VariableNameForm,
+                      Ctl::MacroParams,       Ctl::Grain_Selection_Window,
+                      Ctl::Template_File,     Ctl::TemplateForm,
+                      Ctl::PreviewForm,       Ctl::View_3D,
+                      Ctl::Setup_3D})
     out[c].Visible = false;
 }
 
@@ -56,8 +65,11 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   LoadWindowPlace(bench);
   bench.Grain = Design{};
   bench.Grain.AppDir = bench.Folders.AppDir;
+  bench.Template.Folders = UserTemplates(bench.Folders.AppDir);
   const std::string trouble = ApplyDefaultFile(bench.Folders.AppDir + "DefaultFile", bench.Grain);
   if (!trouble.empty()) notices.push_back(trouble);
+  const std::string look = ReadLook(bench.Folders.AppDir + "Default3DFile", bench.View.Look);
+  if (!look.empty()) notices.push_back(look);
   LoadHotKeys(bench, notices);
   ClaimWorkFiles(bench.Claim, bench.Folders.AppDir);
   RecoverDesign(bench, notices);

@@ -10,6 +10,8 @@
 #include "shell/pep.h"
 #include "shell/pressure.h"
 #include "shell/recent_files.h"
+#include "shell/view3d.h"
+#include "shell/template_state.h"
 #include "shell/work_folder.h"
 
 #include <optional>
@@ -74,9 +76,11 @@ struct Workbench {
   SimulationView Sim;
   DiagnosisView Amiss;
   LiveView Live;
+  View3d View;
   Pressure Motor;
   Thermo Pep;
   Recording Record;
+  TemplateState Template;
   bool ExportFlag = false;           // Export_DXF was left by Export_Now
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm

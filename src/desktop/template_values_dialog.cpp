@@ -1,0 +1,166 @@
+#include "desktop/chart_view.h"
+#include "desktop/dialogs.h"
+#include "desktop/form_parts.h"
+#include "desktop/panes.h"
+#include "desktop/picture_view.h"
+#include "platform/events.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QPushButton>
+#include <QSlider>
+
+namespace {
+constexpr int RowCount = 10, UpKey = 38, DownKey = 40;
+
+Ctl Nth(Ctl first, int row) { return static_cast<Ctl>(static_cast<int>(first) + row); }
+
+constexpr FigurePlace Figures[] = {{Ctl::Template_FirstKn, "First Kn", ""},
+                                   {Ctl::Template_MaxKn, "Max Kn", ""},
+                                   {Ctl::Template_Neutrality, "Neutrality", ""},
+                                   {Ctl::Template_Sliver, "Sliver", ""},
+                                   {Ctl::Template_Loading, "Volume loading", ""}};
+
+// The core steps the value, as for the arrow keys in its field.
+QPushButton *StepButton(Bindings &bindings, Ctl field, int row, bool up) {
+  auto *button = Slim(new QPushButton(up ? "+" : "\u2212"));
+  button->setObjectName(QString(up ? "Step_Up(%1)" : "Step_Down(%1)").arg(row));
+  button->setAccessibleName(up ? "More" : "Less");
+  button->setAutoRepeat(true);
+  button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::NoFocus);
+  button->setFixedWidth(26);
+  button->setProperty("step", true);
+  QObject::connect(button, &QPushButton::clicked, button, [&bindings, field, up] {
+    Touch(bindings, field);
+    bindings.Send(KeyIn(field, up ? UpKey : DownKey));
+  });
+  return button;
+}
+
+struct ValueRow {
+  QLabel *Caption;
+  QLineEdit *Prompt;
+  QPushButton *Less, *More;
+};
+
+ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
+  const Ctl prompt = Nth(Ctl::Prompt0, row), value = Nth(Ctl::VariableName0, row);
+  auto *caption = new QLabel;
+  caption->setMaximumWidth(260);
+  caption->setWordWrap(true);
+  bindings.List.push_back({prompt, caption, {}, true});
+  auto *words = BindField(bindings, prompt, new QLineEdit);
+  words->setMinimumWidth(240);
+  words->setAccessibleName(QString("Prompt %1").arg(row + 1));
+  auto *field = NumberField(bindings, value, QString("Value %1").arg(row + 1), 10);
+  caption->setBuddy(field);
+  auto *slider = BindSlider(bindings, Nth(Ctl::Variable_Slider0, row), new QSlider(Qt::Horizontal));
+  slider->setAccessibleName(QString("Slider %1").arg(row + 1));
+  slider->setMinimumWidth(170);
+  auto *unit = Bind(bindings, Nth(Ctl::Variable_Unit0, row), Quiet(new QLabel));
+  unit->setMinimumWidth(QFontMetrics(unit->font()).horizontalAdvance("mm, 20.00 to 80.00"));
+  auto *spin = RowLayout(2);
+  auto *less = StepButton(bindings, value, row, false), *more = StepButton(bindings, value, row, true);
+  spin->addWidget(less);
+  spin->addWidget(field);
+  spin->addWidget(more);
+  grid.addWidget(caption, row, 0);
+  grid.addWidget(words, row, 1);
+  grid.addLayout(spin, row, 2);
+  grid.addWidget(slider, row, 3);
+  grid.addWidget(unit, row, 4);
+  return {caption, words, less, more};
+}
+
+void CopyRow(const ValueRow &row, const Control &prompt, const Control &value) {
+  row.Caption->setVisible(prompt.Visible && !prompt.Enabled);
+  row.Caption->setEnabled(true);
+  row.Prompt->setVisible(prompt.Visible && prompt.Enabled);
+  for (QPushButton *button : {row.Less, row.More}) {
+    button->setVisible(value.Visible);
+    button->setEnabled(value.Enabled);
+  }
+}
+} // namespace
+
+FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
+  auto *dialog = new FormDialog(Ctl::TemplateForm, std::move(send), parent);
+  Bindings &bindings = dialog->Controls;
+  auto *column = Column(*dialog);
+  column->setSpacing(14);
+  auto *halves = new QHBoxLayout;
+  halves->setSpacing(28);
+
+  auto *left = new QVBoxLayout;
+  left->setSpacing(10);
+  auto *head = Bind(bindings, Ctl::Template_Head, Head({}));
+  left->addWidget(head);
+  auto *grid = new QGridLayout;
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(8);
+  std::vector<ValueRow> rows;
+  for (int row = 0; row < RowCount; ++row) rows.push_back(AddRow(*grid, bindings, row));
+  grid->setColumnStretch(3, 1);
+  left->addLayout(grid);
+  auto *note = Bind(bindings, Ctl::Template_Note, new QLabel);
+  note->setWordWrap(true);
+  note->setProperty("bad", true);
+  note->setFont(TypeFont(Type::Small));
+  note->setAlignment(Qt::AlignTop);
+  note->setMinimumHeight(4 * QFontMetrics(note->font()).height());
+  left->addWidget(note);
+  left->addStretch();
+  halves->addLayout(left);
+
+  auto *right = new QVBoxLayout;
+  right->setSpacing(10);
+  auto *picture = Bind(bindings, Ctl::Template_Picture, new PictureView(360));
+  right->addWidget(picture);
+  auto *cell = Frame("ChartCell");
+  auto *inner = new QVBoxLayout(cell);
+  inner->setContentsMargins(10, 6, 6, 4);
+  inner->setSpacing(2);
+  auto *key = Quiet(new QLabel);
+  auto *top = RowLayout();
+  top->addWidget(Bind(bindings, Ctl::Template_Chart_Frame, Head({})), 1);
+  top->addWidget(key);
+  inner->addLayout(top);
+  auto *chart = Bind(bindings, Ctl::Template_Chart, new ChartView(Ctl::Template_Chart, bindings.Send, key));
+  chart->setFixedHeight(150);
+  inner->addWidget(chart);
+  right->addWidget(cell);
+  auto *figures = new QWidget;
+  AddFigures(*GridLayout(figures, 12, 4), bindings, Figures, 3);
+  right->addWidget(figures);
+  halves->addLayout(right);
+  column->addLayout(halves);
+
+  auto *buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addWidget(DialogButton(bindings, Ctl::Template_Preview, false));
+  auto *steps = new QCheckBox;
+  BindButton(bindings, Ctl::Template_Steps, steps);
+  buttons->addWidget(steps);
+  buttons->addStretch();
+  buttons->addWidget(DialogButton(bindings, Ctl::Template_Cancel, false));
+  buttons->addWidget(DialogButton(bindings, Ctl::Template_Accept, true));
+  column->addLayout(buttons);
+
+  dialog->Follow = [=, &bindings](const Screen &screen) {
+    const Theme &theme = screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme();
+    MarkFields(bindings, screen);
+    for (int row = 0; row < RowCount; ++row) {
+      CopyRow(rows[static_cast<std::size_t>(row)], screen[Nth(Ctl::Prompt0, row)],
+              screen[Nth(Ctl::VariableName0, row)]);
+      auto *words = rows[static_cast<std::size_t>(row)].Prompt;
+      SetMark(*words, false); // its hint is an example
+      words->setToolTip({});
+      words->setPlaceholderText(QString::fromStdString(screen[Nth(Ctl::Prompt0, row)].Hint));
+    }
+    head->setVisible(!screen[Ctl::Template_Head].Text.empty());
+    picture->Copy(screen.Template_Picture, theme);
+    chart->Copy(screen.Template_Chart, theme);
+  };
+  return dialog;
+}

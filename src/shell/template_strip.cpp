@@ -1,0 +1,70 @@
+#include "base/number_text.h"
+#include "drafting/ask_question.h"
+#include "shell/template_play.h"
+
+#include <string>
+
+// TemplateNoteFrame: what is being recorded or played, above the drawing.
+
+namespace {
+// What would change the drawing behind the recording's back.
+constexpr Ctl Held[] = {Ctl::mnuFileNew,     Ctl::tbNew,           Ctl::mnuFileOpen,       Ctl::tbOpen,
+                        Ctl::mnuImport,      Ctl::mnuMRU0,         Ctl::mnuMRU1,           Ctl::mnuMRU2,
+                        Ctl::mnuMRU3,        Ctl::mnuRecovered,    Ctl::Recovery_Discard,  Ctl::Empty_Open,
+                        Ctl::mnuOptions,     Ctl::tbConfigure,     Ctl::mnuchoosetemplate, Ctl::tbTemplates,
+                        Ctl::Empty_Template, Ctl::mnumaketemplate, Ctl::Intro_Example};
+constexpr Ctl HeldMore[] = {Ctl::mnuDims, Ctl::Close_Gaps, Ctl::RunSim2}; // others decide too
+
+std::string StripText(const Workbench &bench) {
+  const TemplateState &state = bench.Template;
+  if (state.Record.Running) {
+    const std::size_t steps = bench.Draft.Log.Row.size();
+    return "Recording a template: " + std::to_string(steps) + (steps == 1 ? " step" : " steps") +
+           ". Wherever a number is typed, a formula of the variables may stand; F2 in a field goes to them.";
+  }
+  const std::string at =
+      std::to_string(state.Play.Next) + " of " + std::to_string(state.Play.Log.size()) + " steps";
+  return "Drawing " + state.PlayName + ": " + at;
+}
+
+void ListVariables(Workbench &bench) {
+  Control &list = bench.Out[Ctl::VariableList2];
+  list.Visible = bench.Template.Record.Running;
+  list.Item.clear();
+  for (const VariableRow &row : bench.Draft.Variables.Row)
+    if (row.Name.size() > 1) list.Item.push_back(row.Name.substr(1) + " = " + PlainText(row.Value));
+  if (!list.Visible) list.Index = -1;
+}
+} // namespace
+
+void RefreshTemplates(Workbench &bench) {
+  Screen &out = bench.Out;
+  const TemplateState &state = bench.Template;
+  const bool recording = state.Record.Running, playing = state.Play.Running;
+  out[Ctl::TemplateNoteFrame].Visible = recording || playing;
+  if (recording || playing) out[Ctl::TemplateNoteFrame].Text = StripText(bench);
+  ListVariables(bench);
+  for (const Ctl c : {Ctl::Paused_Button, Ctl::Macro_Step}) out[c].Visible = playing;
+  out[Ctl::Paused_Button].Text = state.Paused ? "Continue" : "Pause";
+  out[Ctl::Paused_Button].Hint = state.Paused ? "Draws the rest" : "Stands still after this step";
+  out[Ctl::Macro_Step].Enabled = state.Paused;
+  out[Ctl::Macro_Step].Hint = "Draws the next step";
+  out[Ctl::Stop_Macro].Visible = recording || playing;
+  out[Ctl::Stop_Macro].Hint =
+      recording ? "Names the template and keeps it" : "Puts the design back as it was";
+  out[Ctl::Cancel_Macro].Visible = recording;
+  out[Ctl::Cancel_Macro].Hint = "Gives the template up; the drawing stays";
+  out[Ctl::MacroParams_Value].Checked = !state.ByMouse;
+  out[Ctl::MacroParams_Mouse].Checked = state.ByMouse;
+  const char *why = recording ? "Finish or cancel the recording first" : "Finish or stop the template first";
+  for (const Ctl c : Held) {
+    out[c].Enabled = !recording && !playing;
+    if (recording || playing)
+      out[c].Hint = why;
+    else if (out[c].Hint.starts_with("Finish or "))
+      out[c].Hint.clear();
+  }
+  for (const Ctl c : HeldMore)
+    if (recording || playing) out[c].Enabled = false, out[c].Hint = why;
+  if (recording || playing) out[Ctl::MyChart1_Frame].Visible = out[Ctl::MyChart2_Frame].Visible = false;
+}
