@@ -171,7 +171,7 @@ Received LightOn(const Sample &s, const Vector3 &place, double lift, const std::
                  const std::vector<Vector3> &halfway, float gloss) {
   const float x = static_cast<float>(place.X + s.NX * lift), y = static_cast<float>(place.Y + s.NY * lift),
               z = static_cast<float>(place.Z + s.NZ * lift);
-  Received r;
+  Received r{0.14f, 0}; // what other surfaces throw back
   for (std::size_t i = 0; i < lamps.size(); ++i) {
     const Lamp &lamp = lamps[i];
     const float facing =

@@ -43,6 +43,13 @@ TEST_F(Solids, RefusalsLeaveTheOldFile) {
   std::string open;
   for (std::size_t i = 0; i + 1 < lines.size(); ++i) open += lines[i];
   Write("open.mvd", open);
+  std::string flat, empty;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (i < 18) empty += lines[i];
+    flat += i == 2 ? "0\r\n" : lines[i];
+  }
+  Write("flat.mvd", flat);
+  Write("empty.mvd", empty);
   Write("old.stl", "old");
   const struct {
     std::string Arguments;
@@ -55,6 +62,9 @@ TEST_F(Solids, RefusalsLeaveTheOldFile) {
       {Mesh("--chord 0 --stl old.stl"), 2, "--chord"},
       {Mesh("--draft 3 --stl old.stl"), 2, "--draft"},
       {Mesh(""), 2, "--stl or --3mf"},
+      {Mesh("--stl /dev/full"), 2, "/dev/full"},
+      {"mesh flat.mvd --part core --stl old.stl", 1, "length"},
+      {"mesh empty.mvd --part liner --stl old.stl", 1, ""},
       {Mesh("--stl nowhere/x.stl"), 2, "nowhere/x.stl"},
       {"mesh none.mvd --part grain --stl old.stl", 2, "none.mvd"},
       {"mesh '" + Star + "' --part core --draft 30 --stl old.stl", 1, "at most"},

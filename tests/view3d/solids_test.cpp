@@ -130,7 +130,55 @@ TEST(Solids, RandomOutlinesAreClosed) {
     }
   }
   EXPECT_GT(meshes, 300);
-  std::printf("%d meshes, %d too thin\n", meshes, thin);
+  EXPECT_LT(thin, meshes / 100);
+}
+
+// Where the front just touches the wall, and just before nothing is left, solids are thinner than their
+// chords.
+TEST(Solids, TouchingFrontsAndLastSliversAreClosed) {
+  const struct {
+    const char *Name;
+    double Touch;
+  } rows[] = {{"c_slot", 0},
+              {"circle_centred", 14},
+              {"cross_sharp", 9.630683123},
+              {"d_port", 12},
+              {"dogbone", 9},
+              {"slot_tube_4", 7},
+              {"square_port", 10.10050506},
+              {"star5_sharp", 11},
+              {"star6_fillet", 24.47443035},
+              {"wagon_wheel_6", 13.7417299}};
+  int meshes = 0;
+  for (const auto &row : rows) {
+    Design design;
+    ASSERT_EQ(ReadGrainFile(std::string(TEST_DATA "/cases/") + row.Name + ".mvd", design), "");
+    const double R = design.Doc.GrainRadius;
+    FrontStart start;
+    BurnRefusal refusal;
+    ASSERT_TRUE(PrepareFront(design, start, refusal));
+    const double end = BurnEndOf(start);
+    for (const double w : {row.Touch, row.Touch - 1e-9, row.Touch + 1e-9, row.Touch - 1e-6, row.Touch + 1e-6,
+                           row.Touch + 1e-3, end * (1 - 1e-3), end * (1 - 1e-4), end * (1 - 1e-5)}) {
+      GrainSection section;
+      if (w < 0 || w >= end) continue;
+      const std::string what = std::string(row.Name) + " at " + std::to_string(w);
+      ASSERT_EQ(SectionAt(start, w, section), "") << what;
+      for (const double chord : {R / 10000, R / 1000, R / 50}) {
+        Mesh mesh, core;
+        if (GrainMesh(section, {100, false, false}, chord, mesh).empty()) {
+          ++meshes;
+          EXPECT_EQ(OpenEdges(mesh), 0u) << what;
+          EXPECT_GT(VolumeOf(mesh), 0) << what;
+        } else {
+          EXPECT_LT(section.Area, 1e-6 * R * R) << what;
+        }
+        ASSERT_EQ(CoreMesh(section, {100, false, false}, chord, core), "") << what;
+        EXPECT_EQ(OpenEdges(core), 0u) << what;
+      }
+    }
+  }
+  EXPECT_GT(meshes, 200);
 }
 
 // Cut across, along the axis and askew: both halves are closed and make up the whole.
