@@ -30,3 +30,4 @@ void ForgetLive(LiveView &); // another design: the curve belongs to one that is
 
 void LiveChartEvent(Workbench &, const Event &); // the pointer on the chart, 0..1 of its width
 void LeaveLiveChart(Workbench &);                // the front goes from the drawing
+void MarkLive(Workbench &, double burnDist);     // mm: as the pointer there would
