@@ -1,0 +1,58 @@
+#include "cli/program.h"
+
+#include "shell/grain_file.h"
+
+#include <cmath>
+#include <tuple>
+
+namespace {
+
+using Templates = Program;
+
+TEST_F(Templates, AreListedAndPlayed) {
+  ASSERT_EQ(Run("templates"), 0) << Err;
+  EXPECT_NE(Out.find("Wagon wheel\n"), std::string::npos);
+  EXPECT_NE(Out.find("PortRad              6 mm   2 .. 17   Port radius"), std::string::npos) << Out;
+  ASSERT_EQ(Run("templates --json"), 0);
+  EXPECT_NE(
+      Out.find("\"name\": \"Points\", \"prompt\": \"Number of points\", \"unit\": \"\", \"whole\": true"),
+      std::string::npos);
+
+  ASSERT_EQ(
+      Run("play star points=7 TIPRAD=13 ValleyRad=TipRad/3 --grain 42,90,8,AB --save out.mvd --svg out.svg "
+          "--json"),
+      0)
+      << Err;
+  EXPECT_NE(Out.find("\"volume_loading\": 0."), std::string::npos);
+  EXPECT_NE(Read("out.svg").find("<svg"), std::string::npos);
+  Design design;
+  ASSERT_EQ(ReadGrainFile(At("out.mvd"), design), "");
+  EXPECT_EQ(design.Table.EntCount + 1, 14);
+  EXPECT_EQ(design.Doc.GrainDiam, 42);
+  EXPECT_EQ(design.Doc.EndsExposed, 3);
+  EXPECT_NEAR(std::hypot(RowAt(design.Table, 0).X2, RowAt(design.Table, 0).Y2), 13.0 / 3, 1e-9);
+}
+
+TEST_F(Templates, WhatCannotBeIsToldAndLeavesNothing) {
+  Write("bad.Mac", "\"h\"\r\n");
+  Write("empty.Mac", "");
+  for (const auto &[line, code, words] :
+       {std::tuple{"play none", 2, "Can't find Macro Template file."},
+        {"play ./bad.Mac", 2, "Unfortunately an Error was encounted reading the Template file"},
+        {"play ./empty.Mac", 2, "Error: File Empty"},
+        {"play Star Tip=3", 2, "there is no variable Tip; there are TipRad, ValleyRad, Points"},
+        {"play Star TipRad", 2, "expected NAME=VALUE"},
+        {"play Star TipRad=0", 2, "ERROR: All dimensional parameters must contain a value higher than zero!"},
+        {"play Star --grain 0", 2, "--grain: expected"},
+        {"play Star Points=250", 1, "Instruction 3 (Point Select Option: Key In): The drawing is full"},
+        {"play Tube PortRad=30 --json", 1, ""},
+        {"templates --make .", 2, "--make: expected --folder"}}) {
+    EXPECT_EQ(Run(std::string(line) + (std::string_view(line).starts_with("play") ? " --save out.mvd" : "")),
+              code)
+        << line << Err;
+    EXPECT_TRUE(Err.starts_with(words)) << line << ": " << Err;
+    EXPECT_FALSE(std::filesystem::exists(At("out.mvd"))) << line;
+  }
+}
+
+} // namespace
