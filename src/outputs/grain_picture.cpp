@@ -88,7 +88,7 @@ void PaintLegendRow(cairo_t *cr, const Design &design, const Scene &scene, const
   const std::string name = FitText(cr, DesignName(design), room, title);
   DrawText(cr, name, margin, line - 48 * unit, title);
   TextStyle quiet{.Size = 20 * unit, .Colour = Hex(0x5A6573)};
-  const std::string burnt = picture.BurnDist > 0 ? FormatMask(picture.BurnDist, "0.##") + " mm burnt"
+  const std::string burnt = picture.BurnDist > 0 ? PlainText(RoundPlaces(picture.BurnDist, 2)) + " mm burnt"
                                                  : std::string("before the burn");
   const double after = margin + TextWidth(cr, name, title) + 20 * unit;
   DrawText(cr, FitText(cr, burnt, std::max(1.0, picture.Width - margin - after), quiet), after,

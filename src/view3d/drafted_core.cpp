@@ -155,9 +155,10 @@ std::string TooSteep(const FrontStart &start, const SourceKey &like, double leng
     const double w = (good + bad) / 2;
     (OrderedSection(start, w + 1e-6 * start.GrainRadius, like, s) ? good : bad) = w;
   }
-  return "The draft widens the core by " + FormatMask(widening, "0.###") +
+  return "The draft widens the core by " + PlainText(RoundPlaces(widening, 3)) +
          " mm, which closes part of its outline: at most " +
-         FormatMask(std::floor(std::atan(good / length) * 180 / Pi * 1000) / 1000, "0.###") + " degrees";
+         PlainText(RoundPlaces(std::floor(std::atan(good / length) * 180 / Pi * 1000) / 1000, 3)) +
+         " degrees";
 }
 
 } // namespace
