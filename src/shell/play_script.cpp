@@ -99,7 +99,10 @@ void Press(Player &p, std::string_view name, int button) { // NAME, or LIST:ITEM
   if (colon != name.npos) {
     e.Text = name.substr(colon + 1);
     const auto &items = p.Out[e.Target].Item;
-    if (std::find(items.begin(), items.end(), e.Text) == items.end())
+    const auto named = [&](const std::string &item) { // what stands behind a tab is a note
+      return item.substr(0, item.find('\t')) == e.Text;
+    };
+    if (std::none_of(items.begin(), items.end(), named))
       return Fail(p.Out.Lines, std::string(name.substr(0, colon)) + " has no item " + e.Text);
   }
   PressControl(p, e);
@@ -170,8 +173,30 @@ int TakeAlt(std::string_view &rest) {
   return 4;
 }
 
+// In Picture1, pixels. False: the line is none of it.
+bool PictureMouse(Player &p, std::string_view verb, std::string_view rest) {
+  constexpr std::string_view in = " in Picture1";
+  if (!rest.ends_with(in)) return false;
+  rest.remove_suffix(in.size());
+  std::array<double, 3> at3;
+  std::array<double, 4> at4;
+  if (verb == "wheel" && Numbers(rest, at3)) {
+    Send(p, WheelAt(Ctl::Picture1, at3[0], at3[1], at3[2]));
+  } else if ((verb == "drag" || verb == "pan") && Numbers(rest, at4)) {
+    const int button = verb == "drag" ? 1 : 4;
+    Send(p, MouseAt(Event::Kind::MouseDown, Ctl::Picture1, at4[0], at4[1], button));
+    Send(p, MouseAt(Event::Kind::MouseMove, Ctl::Picture1, at4[2], at4[3], button));
+    Send(p, MouseAt(Event::Kind::MouseUp, Ctl::Picture1, at4[2], at4[3], button));
+  } else {
+    return false;
+  }
+  p.Field = Ctl::Picture1;
+  return true;
+}
+
 // Of a line with a place. False: it is none.
 bool Mouse(Player &p, std::string_view verb, std::string_view rest) {
+  if (PictureMouse(p, verb, rest)) return true;
   const int shift = TakeAlt(rest);
   std::array<double, 2> at;
   std::array<double, 3> at3;

@@ -20,6 +20,7 @@ void BindScript(Workbench &, ScriptedScreen &, ScriptedTemplates *keep = nullptr
 //   key NAME [in CONTROL]   Enter, Escape, Ctrl+Z, letters, see shell/script_keys; to the control, which
 //                      has the focus from then on, else to the focus, else to DrawPanel
 //   move X Y | wheel X Y NOTCHES | pan X1 Y1 X2 Y2    on DrawPanel, mm
+//   drag|pan X1 Y1 X2 Y2 in Picture1 | wheel X Y NOTCHES in Picture1    pixels from its upper left corner
 //   hover CHART PART   the pointer over a chart, 0..1 of its width
 //   drop PATH | close [WINDOW] | save PATH
 //   variable, record, point, clickat, template   see shell/script_templates

@@ -69,15 +69,31 @@ void NoteUp(Workbench &bench, const Event &event) {
     r.Line[r.HeldLine] = "drag " + from + " " + At(event.X, event.Y) + Alt(event);
 }
 
+// Turns and pans are from where the button went down to where it is let go, whatever lies between.
+void NotePicture(Workbench &bench, const Event &event) {
+  Recording &r = bench.Record;
+  if (event.What == Event::Kind::MouseDown) {
+    if (!r.Held) r.Held = event;
+  } else if (event.What == Event::Kind::MouseUp && r.Held) {
+    const bool turn = r.Held->Button == LeftButton && (r.Held->Shift & 1) == 0;
+    Add(bench, (turn ? "drag " : "pan ") + At(r.Held->X, r.Held->Y) + " " + At(event.X, event.Y) +
+                   " in Picture1");
+    r.Held.reset();
+  } else if (event.What == Event::Kind::Wheel) {
+    Add(bench, "wheel " + At(event.X, event.Y) + fmt::format(" {} in Picture1", event.Notches));
+  }
+}
+
 void NoteMouse(Workbench &bench, const Event &event) {
   Recording &r = bench.Record;
+  if (event.Target == Ctl::Picture1) return NotePicture(bench, event);
   const bool panel = event.Target == Ctl::DrawPanel;
   if (event.What == Event::Kind::MouseMove) {
     if (panel && r.Held && r.Held->Button == MiddleButton) { // the drawing goes along with the pointer
       r.PannedX += event.X - r.Held->X;
       r.PannedY += event.Y - r.Held->Y;
     } else if (panel || event.Target == Ctl::MyChart1 || event.Target == Ctl::MyChart2 ||
-               event.Target == Ctl::My_Chart3) {
+               event.Target == Ctl::My_Chart3 || event.Target == Ctl::Pep_Chart) {
       if (!r.Held) r.Moved = event;
     }
     return;
@@ -146,6 +162,7 @@ void NoteEvent(Workbench &bench, const Event &event) {
     return;
   case Event::Kind::Drop: return Add(bench, "drop " + event.Text);
   case Event::Kind::Leave:
+  case Event::Kind::Tick:
   case Event::Kind::Resize: return;
   }
 }
