@@ -38,7 +38,7 @@ std::string ReadMix(const PepArguments &a, const DataFiles &files, PepInputs &in
     ingredient.ListPosition = FindIngredient(files, name);
     if (ingredient.ListPosition == 0) return NoSuchIngredient(files, name);
     if (!NumberOf(text, ingredient.Weight) || !(ingredient.Weight > 0 && ingredient.Weight <= HighestWeight))
-      return fmt::format("{}: expected a weight above 0, found \"{}\"", name, text);
+      return fmt::format("{}: expected a weight above 0, 1e9 at most, found \"{}\"", name, text);
     inputs.Ingredient.push_back(ingredient);
   }
   if (inputs.Ingredient.size() > MaxIngredients)

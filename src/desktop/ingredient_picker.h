@@ -1,7 +1,7 @@
 #pragma once
 #include "desktop/bindings.h"
 
-class QStringListModel;
+class QStandardItemModel;
 
 // A field with a list of what the typed text may mean, which the core makes; a click into the empty field and
 // the Down key open it too.
@@ -20,5 +20,6 @@ private:
 
   Bindings &Owner;
   Ctl Self;
-  QStringListModel *Offer;
+  QStandardItemModel *Offer;
+  std::vector<std::string> Shown;
 };

@@ -229,6 +229,7 @@ QWidget *PepWindow::BuildChart() {
   auto *top = RowLayout();
   top->addWidget(title, 1);
   top->addWidget(copy);
+  top->addWidget(Slim(Button(Controls, Ctl::Save_Pep_Chart)));
   chart->addLayout(top);
   chart->addWidget(Key);
   chart->addWidget(Chart, 1);
@@ -277,6 +278,7 @@ QWidget *PepWindow::BuildSweep() {
   grid->addWidget(new QLabel("Lower"), 1, 0);
   grid->addWidget(Lowered, 1, 1);
   grid->addWidget(Slim(Button(Controls, Ctl::Run_Sweep)), 1, 2, 1, 4);
+  grid->addWidget(Slim(Button(Controls, Ctl::Sweep_Report)), 1, 6, 1, 3);
   grid->setColumnStretch(1, 1);
   return pane;
 }

@@ -9,7 +9,7 @@
 #include <vector>
 
 enum class PepCurve : std::uint8_t { Temperature, CStar, Isp, Gamma, Gas, Species };
-enum class PepReport : std::uint8_t { None, Products, Ingredients, State, Expansion, Performance };
+enum class PepReport : std::uint8_t { None, Products, Ingredients, State, Expansion, Performance, Sweep };
 
 // What the sliders pick out of a run; a figure is empty where the cases beside the chosen pressure lack it.
 struct PepPick {

@@ -1,8 +1,10 @@
 #include "shell/pep_chart.h"
 
 #include "base/number_text.h"
+#include "outputs/plot_picture.h"
 #include "shell/pep_nozzle.h"
 #include "shell/pep_pick.h"
+#include "shell/picture_target.h"
 
 #include <algorithm>
 #include <array>
@@ -211,4 +213,14 @@ void PointAtPepChart(Workbench &bench, double part) {
 void LeavePepChart(Workbench &bench) {
   bench.Out.Pep_Chart.Cursor = -1;
   bench.Out.Pep_Chart.CursorText.clear();
+}
+
+void SavePepChart(Workbench &bench) {
+  const Plot &plot = bench.Out.Pep_Chart;
+  if (plot.Curve.empty()) return;
+  std::string path;
+  PictureForm form{};
+  if (!AskPicture(bench, "_propellant", path, form)) return;
+  const std::string trouble = WritePlotPicture(plot, bench.Out[Ctl::Pep_Chart_Title].Text, "", form, path);
+  if (!trouble.empty()) bench.Out.Ask({trouble, "Save Picture", Buttons::Ok, Icon::Exclamation});
 }

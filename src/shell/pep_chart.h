@@ -11,3 +11,4 @@ void ChooseCurve(Workbench &, PepCurve);
 void ShowPepChart(Workbench &);                 // over pressure, or over the weight of a sweep
 void PointAtPepChart(Workbench &, double part); // of its width
 void LeavePepChart(Workbench &);
+void SavePepChart(Workbench &); // as a picture

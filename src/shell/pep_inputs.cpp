@@ -27,6 +27,12 @@ std::string NoteOf(const IngredientRecord &record) {
          (confidence.empty() ? "" : "   " + confidence);
 }
 
+// A tab parts the name from what is shown beside it.
+std::string OfferOf(const IngredientRecord &record) {
+  return record.Name + "\t" + FormulaText(record) + "   " +
+         PlainText(RoundPlaces(record.HeatOfFormation, 1)) + " cal/g";
+}
+
 void ShowChosen(Workbench &bench, std::size_t row) {
   Thermo &state = bench.Pep;
   Control &input = bench.Out[IngredientInput(row)], &note = bench.Out[IngredientNote(row)];
@@ -108,7 +114,7 @@ void TypeIngredient(Workbench &bench, std::size_t row, const std::string &text) 
   input.Item.clear();
   const DataFiles &files = bench.Pep.Files;
   for (const int position : NearIngredients(files, text, MostOffered))
-    input.Item.push_back(files.Ingredient[static_cast<std::size_t>(position - 1)].Name);
+    input.Item.push_back(OfferOf(files.Ingredient[static_cast<std::size_t>(position - 1)]));
   ShowChosen(bench, row);
   ReadPepInputs(bench);
 }
@@ -123,7 +129,7 @@ void ChooseIngredient(Workbench &bench, std::size_t row, const std::string &name
 void ChooseLikeliest(Workbench &bench, std::size_t row) {
   const Control &input = bench.Out[IngredientInput(row)];
   if (bench.Pep.Position[row] == 0 && !Trimmed(input.Text).empty() && !input.Item.empty())
-    ChooseIngredient(bench, row, std::string(input.Item.front()));
+    ChooseIngredient(bench, row, input.Item.front().substr(0, input.Item.front().find('\t')));
 }
 
 void TotalWeights(Workbench &bench) {

@@ -10,7 +10,8 @@ Ctl WeightInput(std::size_t row);
 std::optional<std::size_t> RowOfIngredient(Ctl);
 std::optional<std::size_t> RowOfWeight(Ctl);
 
-// The ingredient is the one of exactly this name; what else the text may mean becomes the row's list.
+// The ingredient is the one of exactly this name; what else the text may mean becomes the row's list:
+// "NAME<tab>formula and heat".
 void TypeIngredient(Workbench &, std::size_t row, const std::string &text);
 void ChooseIngredient(Workbench &, std::size_t row, const std::string &name);
 void ChooseLikeliest(Workbench &, std::size_t row); // of what was typed

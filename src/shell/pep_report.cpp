@@ -3,6 +3,7 @@
 #include "base/whole_file.h"
 #include "performance/least_squares.h"
 #include "shell/pep_nozzle.h"
+#include "shell/pep_sweep.h"
 #include "shell/save_target.h"
 
 #include <cmath>
@@ -39,6 +40,7 @@ std::string FitLine(const Thermo &state, const char *name, const char *unit, con
 }
 
 Report MakeReport(const Thermo &state) {
+  if (state.Kind == PepReport::Sweep) return SweepReport(state);
   const PepCase &one = state.Run.Case[NearestCase(state)];
   const PepMode mode = ModeOf(state);
   switch (state.Kind) {
@@ -53,6 +55,7 @@ Report MakeReport(const Thermo &state) {
         FitLine(state, "Isp at 14.7 psi", "s", [&](const PepFigures &f) { return f.Isp[mode]; }));
     return report;
   }
+  case PepReport::Sweep:
   case PepReport::None: return {};
   }
   return {};
@@ -61,7 +64,6 @@ Report MakeReport(const Thermo &state) {
 } // namespace
 
 void ShowReport(Workbench &bench, PepReport kind) {
-  if (!bench.Pep.Run.Done) return;
   bench.Pep.Kind = kind;
   RefreshReport(bench);
 }
@@ -69,7 +71,7 @@ void ShowReport(Workbench &bench, PepReport kind) {
 void RefreshReport(Workbench &bench) {
   Thermo &state = bench.Pep;
   if (state.Kind == PepReport::None) return;
-  if (!state.Run.Done) {
+  if (state.Kind == PepReport::Sweep ? state.Sweep.empty() : !state.Run.Done) {
     state.Kind = PepReport::None;
     return;
   }

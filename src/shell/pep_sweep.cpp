@@ -7,6 +7,7 @@
 #include "thermochem/sweep.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fmt/format.h>
 
 namespace {
@@ -152,4 +153,27 @@ void RunSweep(Workbench &bench) {
                      bench.Out[Ctl::Sweep_Lowered].Text;
   state.SweepPressure = state.Pressure;
   ShowPepChart(bench);
+}
+
+Report SweepReport(const Thermo &state) {
+  Report report;
+  report.Title = fmt::format("Sweep at {:.2f} MPa", state.SweepPressure);
+  report.Line.push_back(state.SweepTitle);
+  ReportTable table;
+  table.Column = {"Weight g", "T K",       "c* m/s",      "Isp s",  "Frozen s",
+                  "Gamma",    "Gas g/mol", "Condensed %", "Settled"};
+  const auto cell = [](const PepFigures::Figure &figure, const char *mask) {
+    return figure && std::isfinite(*figure) ? FormatMask(*figure, mask) : std::string("-");
+  };
+  for (const PepSweepPoint &p : state.Sweep) {
+    const PepFigures &f = p.Figures;
+    PepFigures::Figure condensed = f.CondensedPart;
+    if (condensed) *condensed *= 100;
+    table.Row.push_back({PlainText(RoundPlaces(p.Weight, 6)), cell(f.ChamberTemperature, "0.0"),
+                         cell(f.CStar[Shifting], "0.0"), cell(f.Isp[Shifting], "0.0"),
+                         cell(f.Isp[Frozen], "0.0"), cell(f.Gamma, "0.0000"), cell(f.MeanGasWeight, "0.000"),
+                         cell(condensed, "0.0"), f.Converged ? "yes" : "no"});
+  }
+  report.Table.push_back(std::move(table));
+  return report;
 }

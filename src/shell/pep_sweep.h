@@ -7,3 +7,4 @@ void ToggleSweep(Workbench &); // the chart over weight instead of over pressure
 void ShowSweepChoices(Workbench &);
 bool ChooseSwept(Workbench &, Ctl list, const std::string &name); // false: neither of the two lists
 void RunSweep(Workbench &);
+Report SweepReport(const Thermo &); // its points as a table; nothing swept: no rows

@@ -4,6 +4,7 @@
 #include "shell/pep_chart.h"
 #include "shell/pep_inputs.h"
 #include "shell/pep_keep.h"
+#include "shell/pep_memory.h"
 #include "shell/pep_pick.h"
 #include "shell/pep_report.h"
 #include "shell/pep_sweep.h"
@@ -26,11 +27,15 @@ constexpr std::pair<Ctl, PepReport> ReportButtons[] = {{Ctl::Chem_Report, PepRep
                                                        {Ctl::Ing_Input, PepReport::Ingredients},
                                                        {Ctl::Report1, PepReport::State},
                                                        {Ctl::Report2, PepReport::Expansion},
-                                                       {Ctl::ThermoChem_Report, PepReport::Performance}};
-constexpr Ctl SweepRow[] = {Ctl::Sweep_Raised, Ctl::Sweep_From,    Ctl::Sweep_To,
-                            Ctl::Sweep_Step,   Ctl::Sweep_Lowered, Ctl::Run_Sweep};
+                                                       {Ctl::ThermoChem_Report, PepReport::Performance},
+                                                       {Ctl::Sweep_Report, PepReport::Sweep}};
+constexpr Ctl SweepRow[] = {Ctl::Sweep_Raised,  Ctl::Sweep_From, Ctl::Sweep_To,    Ctl::Sweep_Step,
+                            Ctl::Sweep_Lowered, Ctl::Run_Sweep,  Ctl::Sweep_Report};
 
-void Hide(Workbench &bench) { bench.Out[Ctl::PEP_SimA].Visible = false; }
+void Hide(Workbench &bench) {
+  bench.Out[Ctl::PEP_SimA].Visible = false;
+  RememberPep(bench);
+}
 
 std::string ReadFiles(Workbench &bench) {
   const std::string beside = std::filesystem::path(ExecutablePath()).parent_path().string() + "/";
@@ -82,6 +87,7 @@ void RunSim(Workbench &bench) {
   state.Sweep.clear();
   state.SweepTitle.clear();
   ShowRun(bench);
+  RememberPep(bench);
 }
 
 void Send(Workbench &bench) {
@@ -109,6 +115,7 @@ void Press(Workbench &bench, const Event &event) {
   case Ctl::Run_Sweep: return RunSweep(bench);
   case Ctl::Result_Grid: return ChooseGridRow(bench, event.Text);
   case Ctl::Save_Report: return SaveReport(bench);
+  case Ctl::Save_Pep_Chart: return SavePepChart(bench);
   case Ctl::Keep_Propellant: return KeepPropellant(bench);
   case Ctl::Close_and_Send: return Send(bench);
   case Ctl::PEP_Close: return Hide(bench);
@@ -190,6 +197,7 @@ void ShowPep(Workbench &bench) {
              Icon::Exclamation});
     return;
   }
+  RecallPep(bench);
   for (std::size_t row = 0; row < PepRows; ++row)
     TypeIngredient(bench, row, std::string(out[IngredientInput(row)].Text));
   OpenPick(bench);
@@ -229,18 +237,26 @@ void RefreshPep(Workbench &bench) {
   out[Ctl::Curve_Sweep].Checked = !report && state.Sweeping;
   out[Ctl::Pep_Chart].Visible = out[Ctl::Pep_Chart_Title].Visible = !report;
   out[Ctl::Result_Grid].Visible = !report && !state.Sweeping;
+  out[Ctl::Save_Pep_Chart].Visible = !report;
+  Allow(out[Ctl::Save_Pep_Chart], "This chart as a picture: PNG, SVG or PDF",
+        out.Pep_Chart.Curve.empty() ? "There is no chart yet" : "");
   out[Ctl::Report_Text].Visible = out[Ctl::Save_Report].Visible = report;
   for (const Ctl c : SweepRow) out[c].Visible = !report && state.Sweeping;
   if (state.Sweeping) ShowSweepChoices(bench);
 
   const std::string noRun = state.Run.Done ? "" : "Run it first";
-  const char *const reports[] = {
-      "Products at chamber, throat and exits, in moles and in mass",
-      "The mix, its elements, density and enthalpy", "The state of the flow at every point",
-      "The expansion by area ratio from 1 to 100", "All pressures, with curves of c* and Isp over pressure"};
+  const char *const reports[] = {"Products at chamber, throat and exits, in moles and in mass",
+                                 "The mix, its elements, density and enthalpy",
+                                 "The state of the flow at every point",
+                                 "The expansion by area ratio from 1 to 100",
+                                 "All pressures, with curves of c* and Isp over pressure",
+                                 "The sweep's points as a table, to be copied or saved as text or CSV"};
   std::size_t place = 0;
   for (const auto &[button, kind] : ReportButtons) {
-    Allow(out[button], reports[place++], noRun);
+    Allow(out[button], reports[place++],
+          kind != PepReport::Sweep ? noRun
+          : state.Sweep.empty()    ? "Run a sweep first"
+                                   : "");
     out[button].Checked = state.Kind == kind;
   }
   std::string notSent = noRun;

@@ -8,9 +8,8 @@
 #include "outputs/plot_picture.h"
 #include "outputs/thrust_file.h"
 #include "performance/charts.h"
+#include "shell/picture_target.h"
 #include "shell/save_target.h"
-
-#include <filesystem>
 
 namespace {
 
@@ -31,18 +30,9 @@ void SaveChart(Workbench &bench) {
   constexpr const char *title = "Save Picture";
   const PerformanceChart &chart = bench.Motor.Chart;
   if (chart.Value.empty()) return;
-  const std::string behind = std::string("_") + TextOf(chart.Kind).Name;
-  const std::string path = AskTarget(
-      bench, "All Files (*.*)|*.*|PDF (*.pdf)|*.pdf|SVG (*.svg)|*.svg|PNG (*.png)|*.png", behind, ".png");
-  if (path.empty()) return;
-  std::string ending = std::filesystem::path(path).extension().string();
-  for (char &c : ending)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  if (ending != ".png" && ending != ".svg" && ending != ".pdf")
-    return Tell(bench, title, path + ": expected a name that ends in .png, .svg or .pdf");
-  const PictureForm form = ending == ".png"   ? PictureForm::Png
-                           : ending == ".svg" ? PictureForm::Svg
-                                              : PictureForm::Pdf;
+  std::string path;
+  PictureForm form{};
+  if (!AskPicture(bench, std::string("_") + TextOf(chart.Kind).Name, path, form)) return;
   const Plot &plot = bench.Out.My_Chart3;
   Tell(bench, title,
        plot.Curve.empty() ? WriteChartPicture(chart, form, path)

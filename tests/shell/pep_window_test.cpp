@@ -110,6 +110,15 @@ TEST_F(PepJourney, ChartsReportsAndSweepFollow) {
   at66.LowerPressure = at66.UpperPressure = 9.9;
   const PepOutcome run = RunPep(at66, State().Files);
   EXPECT_NEAR(plot.Y[4], *FiguresOf(run, run.Case[0]).Isp[Shifting], 1e-6);
+  Play("press Sweep_Report\nexpect visible Report_Text\nexpect hidden Pep_Chart\npress Save_Report\nfile " +
+       At("sweep.csv") + "\npress Curve_Isp\nexpect visible Pep_Chart\npress Save_Pep_Chart\nfile " +
+       At("chart.svg") + "\npress Save_Pep_Chart\nfile " + At("chart.doc") + "\nexpect box .png\nbox OK");
+  EXPECT_NE(
+      Read("sweep.csv").find("\n66," + FormatMask(run.Case[0].Point[Shifting][Chamber].Temperature, "0.0")),
+      std::string::npos)
+      << Read("sweep.csv");
+  EXPECT_NE(Read("chart.svg").find("<svg"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(At("chart.doc")));
   Play("type Sweep_To 99\npress Run_Sweep");
   EXPECT_NE(Text(Ctl::Pep_Warning).find("is too much"), std::string::npos) << Text(Ctl::Pep_Warning);
 }
@@ -177,6 +186,19 @@ TEST_F(PepJourney, WeightsAddUpToAHundredAndAPropellantIsKept) {
   ASSERT_NE(kept, nullptr);
   EXPECT_EQ(FormatMask(kept->CStar, "0.0"), Text(Ctl::Pep_CStar));
   EXPECT_EQ(FormatMask(kept->Density, "0.000"), Text(Ctl::Pep_Density));
+}
+
+TEST_F(PepJourney, MixRangeAndChoicesOutliveARestart) {
+  Composite("type Pc_Higher_Range 12\ntype Propellant_Temp 30\npress Run_Sim\npress Curve_Gas\n"
+            "type Pc_Slider_Selection 7.5\ntype Exp_Rat_Slider_Selection 12\npress PEP_SimA.Close");
+  Open();
+  Play("expect text Ingredient_Input(4) HTPB R-45M\nexpect text Weight_Input(9) 18\n"
+       "expect text Total_Weight 100\nexpect text Pc_Higher_Range 12\nexpect text Propellant_Temp 30\n"
+       "expect text Pc_Slider_Selection 7.50\nexpect text Exp_Rat_Slider_Selection 12\n"
+       "expect checked Curve_Gas\npress Run_Sim\nexpect enabled Close_and_Send\n"
+       "type Ingredient_Input(0)\npress Clear_Mix\npress PEP_SimA.Close");
+  Open();
+  Play("expect text Ingredient_Input(0)\nexpect text Total_Weight 0");
 }
 
 TEST_F(PepJourney, BrokenDataFilesKeepItShut) {
