@@ -74,7 +74,10 @@ bool RepeatOriginCircle(Drafting &d, const Entity &e) {
       "  Radius: " + FormatMask(e.Radius, "0.000") +
       "\nNumber of Rotations: " + std::to_string(d.Rotation.RotationCount);
   const bool yes = d.Out.Ask({text, "", Buttons::YesNo, Icon::Question}) == Answer::Yes;
-  d.Answers.push_back({yes ? 1.0 : 0.0, {}});
+  Instruction answer; // its input is logged already
+  answer.PointArea = LogAnswers;
+  answer.Value1 = yes ? 1 : 0;
+  LogStep(d.Log, answer);
   return yes;
 }
 
