@@ -9,6 +9,7 @@
 #include "shell/dialogs.h"
 #include "shell/dispatch.h"
 #include "shell/file_menu.h"
+#include "shell/pep_memory.h"
 #include "shell/recovery.h"
 #include "shell/refresh_screen.h"
 
@@ -149,6 +150,7 @@ bool CloseMain(Workbench &bench) {
     for (const PlaceField &field : PlaceFields)
       SaveSetting(bench.Settings, "Settings", field.Key, std::to_string(out.MainPlace.*field.Field));
   }
+  if (out[Ctl::PEP_SimA].Visible) RememberPep(bench);
   SaveRecentFiles(bench.Settings, bench.Recent);
   WriteSettings(bench.Settings);
   bench.Ended = true;
