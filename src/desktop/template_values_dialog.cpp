@@ -1,5 +1,6 @@
 #include "desktop/chart_view.h"
 #include "desktop/dialogs.h"
+#include "desktop/figure_label.h"
 #include "desktop/form_parts.h"
 #include "desktop/panes.h"
 #include "desktop/picture_view.h"
@@ -15,11 +16,8 @@ constexpr int RowCount = 10, UpKey = 38, DownKey = 40;
 
 Ctl Nth(Ctl first, int row) { return static_cast<Ctl>(static_cast<int>(first) + row); }
 
-constexpr FigurePlace Figures[] = {{Ctl::Template_FirstKn, "First Kn", ""},
-                                   {Ctl::Template_MaxKn, "Max Kn", ""},
-                                   {Ctl::Template_Neutrality, "Neutrality", ""},
-                                   {Ctl::Template_Sliver, "Sliver", ""},
-                                   {Ctl::Template_Loading, "Volume loading", ""}};
+constexpr Ctl Figures[] = {Ctl::Template_FirstKn, Ctl::Template_MaxKn, Ctl::Template_Neutrality,
+                           Ctl::Template_Sliver, Ctl::Template_Loading};
 
 // The core steps the value, as for the arrow keys in its field.
 QPushButton *StepButton(Bindings &bindings, Ctl field, int row, bool up) {
@@ -130,9 +128,15 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   chart->setFixedHeight(150);
   inner->addWidget(chart);
   right->addWidget(cell);
-  auto *figures = new QWidget;
-  AddFigures(*GridLayout(figures, 12, 4), bindings, Figures, 3);
-  right->addWidget(figures);
+  auto *figures = new QGridLayout;
+  figures->setHorizontalSpacing(12);
+  figures->setVerticalSpacing(6);
+  int place = 0;
+  for (const Ctl figure : Figures) {
+    figures->addWidget(Bind(bindings, figure, new FigureLabel({}, {})), place / 3, place % 3);
+    figures->setColumnStretch(place++ % 3, 1);
+  }
+  right->addLayout(figures);
   halves->addLayout(right);
   column->addLayout(halves);
 

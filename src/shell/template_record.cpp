@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 namespace {
 constexpr const char *Title = "Make Template";
@@ -70,11 +71,13 @@ bool PlaysBack(Workbench &bench, const MacFile &mac) {
 
 bool WriteTemplate(Workbench &bench, const std::string &name, const MacFile &mac) {
   TemplateState &state = bench.Template;
-  std::string path = FindTemplate(state.Folders, name);
-  if (path.empty()) path = state.Folders.Template + WithMacEnding(name);
-  if (const std::string trouble = WriteMacFile(path, mac); !trouble.empty()) return Tell(bench, trouble);
+  std::error_code failed;
+  std::filesystem::create_directories(state.Folders.Template, failed);
   std::string trouble =
       SetUpTemplates(state.Folders, ShippedTemplates(bench.Folders.Install)); // before its own
+  std::string path = FindTemplate(state.Folders, name);
+  if (path.empty()) path = state.Folders.Template + WithMacEnding(name);
+  if (trouble.empty()) trouble = WriteMacFile(path, mac);
   if (trouble.empty()) trouble = ListTemplate(state, KeyOf(path), mac);
   return trouble.empty() || Tell(bench, trouble);
 }
