@@ -44,7 +44,7 @@ TEST_F(Templates, WhatCannotBeIsToldAndLeavesNothing) {
         {"play Star TipRad", 2, "expected NAME=VALUE"},
         {"play Star TipRad=0", 2, "ERROR: All dimensional parameters must contain a value higher than zero!"},
         {"play Star --grain 0", 2, "--grain: expected"},
-        {"play Star Points=250", 1, "Instruction 3 (Point Select Option: Key In): The drawing is full"},
+        {"play Star Points=250", 1, "Instruction 6 (Point Select Option: Key In): The drawing is full"},
         {"play Tube PortRad=30 --json", 1, ""},
         {"templates --make .", 2, "--make: expected --folder"}}) {
     EXPECT_EQ(Run(std::string(line) + (std::string_view(line).starts_with("play") ? " --save out.mvd" : "")),

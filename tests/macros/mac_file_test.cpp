@@ -13,8 +13,17 @@ struct Maker {
   int Below(int n) { return static_cast<int>(Luck() % static_cast<unsigned>(n)); }
   double Number() { return (Below(2000001) - 1000000) / 1000.0; }
   std::string Text() {
-    const std::vector<std::string> words{"PicInfo", "Rotation", "VariableNameCntr", "a, b",   "(1 [2 .. 3])",
-                                         "x;y",     "ENTERKEY", "Next Macro",       "#TRUE#", "r\xC3\xA4" "dius",
+    const std::vector<std::string> words{"PicInfo",
+                                         "Rotation",
+                                         "VariableNameCntr",
+                                         "a, b",
+                                         "(1 [2 .. 3])",
+                                         "x;y",
+                                         "ENTERKEY",
+                                         "Next Macro",
+                                         "#TRUE#",
+                                         "r\xC3\xA4"
+                                         "dius",
                                          ""};
     return words[static_cast<std::size_t>(Below(static_cast<int>(words.size())))];
   }
