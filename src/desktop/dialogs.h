@@ -13,6 +13,7 @@ FormDialog *MakeExportDxf(Sender, QWidget *parent);
 FormDialog *MakeSaveResults(Sender, QWidget *parent);
 FormDialog *MakeGridControl(Sender, QWidget *parent);
 FormDialog *MakePropellants(Sender, QWidget *parent);
+FormDialog *MakeSetup3d(Sender, QWidget *parent);
 FormDialog *MakeVariableNames(Sender, QWidget *parent);
 FormDialog *MakeMacroParams(Sender, QWidget *parent);
 FormDialog *MakeGallery(Sender, QWidget *parent);

@@ -10,10 +10,12 @@
 #include "desktop/point_strip.h"
 #include "desktop/pressure_window.h"
 #include "desktop/property_pane.h"
+#include "desktop/scene_view.h"
 #include "desktop/side_pane.h"
 #include "desktop/template_strip.h"
 #include "desktop/tools_pane.h"
 #include "desktop/typing_card.h"
+#include "desktop/view3d_pane.h"
 #include "platform/events.h"
 
 #include <QCloseEvent>
@@ -25,6 +27,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QUrl>
 
 MainWindow::MainWindow(Sender send) {
@@ -41,7 +44,9 @@ MainWindow::MainWindow(Sender send) {
     splitter->setHandleWidth(1);
     splitter->setChildrenCollapsible(false);
   }
-  Rows->addWidget(BuildDrawing());
+  Places = new QStackedWidget;
+  Places->addWidget(BuildDrawing());
+  Rows->addWidget(Places);
   Rows->addWidget(BuildCharts());
   Rows->setStretchFactor(0, 5);
   Rows->setStretchFactor(1, 3);
@@ -117,6 +122,30 @@ void MainWindow::FollowHelp(const Screen &shown) {
   Help->activateWindow();
 }
 
+QString MainWindow::OpenPicture() {
+  if (!Solids) {
+    Solids = new View3dPane(Controls);
+    Places->addWidget(Solids);
+  }
+  return Solids->View->Open();
+}
+
+QImage MainWindow::Picture() { return Solids ? Solids->View->Shot() : QImage(); }
+
+// What lies over the drawing goes along with the view.
+void MainWindow::FollowView3d(const Screen &shown, const Theme &theme) {
+  if (!Solids) return;
+  const bool open = shown[Ctl::View_3D].Visible, was = Places->currentWidget() == Solids;
+  if (open != was) {
+    Places->setCurrentWidget(open ? static_cast<QWidget *>(Solids) : Drawing);
+    auto *over = open ? Solids->Over : static_cast<QGridLayout *>(Drawing->layout());
+    over->addWidget(Running, 0, 0, Qt::AlignCenter);
+    over->addWidget(Message, 0, 0, Qt::AlignBottom | Qt::AlignHCenter);
+    if (open) Solids->View->setFocus();
+  }
+  open ? Solids->Copy(shown, theme) : Solids->View->Release();
+}
+
 // A window beside this one, shown and hidden as the core has it.
 template <class Beside>
 static void Follow(Beside &window, const Screen &shown, bool wanted, const Theme &theme) {
@@ -153,6 +182,7 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
       return screen.TakesKey && screen.TakesKey(key, shift);
     };
   Mirror(Controls, screen);
+  FollowView3d(screen, theme);
   // A closed outline is told by its tint.
   Diagnosis->setVisible(screen[Ctl::Diagnosis_Text].Visible && screen[Ctl::Diagnosis_Next].Enabled);
   Typing->Follow(screen[Ctl::Typing_Card].Visible);

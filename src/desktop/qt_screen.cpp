@@ -3,6 +3,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/icons.h"
 
+#include <QBuffer>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QEventLoop>
@@ -10,6 +11,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QImageReader>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -231,6 +233,7 @@ void QtScreen::RunModal(Form form) {
     case Form::ExportDxf: return MakeExportDxf(send, parent);
     case Form::FindTool: return MakeFindTool(send, parent);
     case Form::Propellants: return MakePropellants(send, parent);
+    case Form::Setup3d: return MakeSetup3d(send, parent);
     case Form::VariableNames: return MakeVariableNames(send, parent);
     case Form::MacroParams: return MakeMacroParams(send, parent);
     case Form::Gallery: return MakeGallery(send, parent);
@@ -272,4 +275,29 @@ void QtScreen::StartWork(std::function<void()> work, std::function<void()> done)
 
 void QtScreen::StartDiagnosis(std::function<void()> work, std::function<void()> done) {
   Diagnoser.Start(std::move(work), std::move(done));
+}
+
+void QtScreen::StartSolids(std::function<void()> work, std::function<void()> done) {
+  Mesher.Start(std::move(work), std::move(done));
+}
+
+std::string QtScreen::OpenPicture() {
+  return Window ? Window->OpenPicture().toStdString() : std::string("There is no window yet");
+}
+
+std::string QtScreen::PictureBytes(std::string &png) {
+  const QImage picture = Window ? Window->Picture() : QImage();
+  if (picture.isNull()) return "The picture could not be drawn";
+  QBuffer bytes;
+  bytes.open(QIODevice::WriteOnly);
+  if (!picture.save(&bytes, "PNG")) return "The picture could not be made a PNG file";
+  png = bytes.data().toStdString();
+  return {};
+}
+
+std::string QtScreen::CheckBitmap(const std::string &path) {
+  QImageReader reader(QString::fromStdString(path));
+  reader.setDecideFormatFromContent(true);
+  if (!reader.read().isNull()) return {};
+  return path + ": this is no picture that can be shown (" + reader.errorString().toStdString() + ")";
 }

@@ -24,6 +24,11 @@ public:
   void StartWork(std::function<void()> work, std::function<void()> done) override;
   void StartDiagnosis(std::function<void()> work, std::function<void()> done) override;
 
+  void StartSolids(std::function<void()> work, std::function<void()> done) override;
+  std::string OpenPicture() override;
+  std::string PictureBytes(std::string &png) override;
+  std::string CheckBitmap(const std::string &path) override;
+
   void Send(const Event &);
   void Mirror(); // brings every window to what the core wrote; ends the event loop once frmMain was closed
   MainWindow &Main() { return *Window; }
@@ -39,5 +44,5 @@ private:
   const Theme *Colours = nullptr;
   Ctl Used = Ctl::Count; // of the last event outside of a dialog
   bool WasShown = false;
-  LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }};
+  LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }}, Mesher{[this] { Mirror(); }};
 };

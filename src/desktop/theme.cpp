@@ -86,6 +86,7 @@ QPushButton#Design_Mode { font-weight: 600; padding: 6px 16px; }
 QLineEdit, QTextBrowser, QListView, QTreeView { background: @Field; border: 1px solid @Edge; border-radius: 6px;
   selection-background-color: @Accent; selection-color: @AccentText; }
 QComboBox { background: @Field; border: 1px solid @Edge; border-radius: 6px; padding: 5px 8px; }
+QComboBox[slim="true"] { padding: 2px 8px; }
 QComboBox:focus { border-color: @Accent; }
 QComboBox::drop-down { border: none; width: 26px; }
 QComboBox::down-arrow { image: url(:/icons/@Ticks/down.svg); width: 14px; height: 14px; }
@@ -129,6 +130,9 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #SidePane { background: @Pane; border-left: 1px solid @Hairline; }
 #ToolsPane, #Report_Frame { background: @Pane; border-right: 1px solid @Hairline; }
 #PromptStrip { background: @Window; border-top: 1px solid @Hairline; }
+#ViewStrip { background: @Window; border-bottom: 1px solid @Hairline; }
+#BurnStrip { background: @Window; border-top: 1px solid @Hairline; }
+#View_Note { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
 #TemplateNoteFrame { background: @Notice; border-bottom: 1px solid @Hairline; }

@@ -192,7 +192,7 @@ MeshBox BoxOf(const Workbench &bench) {
 CutPlace CutOf(const Workbench &bench) {
   const View3d &view = bench.View;
   const MeshBox box = BoxOf(bench);
-  const double r = box.High[1], length = box.High[2], over = 0.1 * r;
+  const double r = box.High[1], length = box.High[2], over = 0.06 * r;
   CutPlace cut;
   cut.AlongReach = r + over;
   if (view.Across) {

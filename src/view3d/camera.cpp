@@ -5,7 +5,7 @@
 #include <numbers>
 
 namespace {
-constexpr double Degree = std::numbers::pi / 180, HalfAngle = 15 * Degree, Room = 0.88;
+constexpr double Degree = std::numbers::pi / 180, HalfAngle = 15 * Degree, Room = 0.92;
 
 double Dot(const Place3 &a, const Place3 &b) { return a.X * b.X + a.Y * b.Y + a.Z * b.Z; }
 double DistanceOf(const Camera &c) { return c.Span / 2 / std::tan(HalfAngle); }
