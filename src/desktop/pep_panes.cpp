@@ -53,7 +53,7 @@ QLabel *SmallLabel(Bindings &bindings, Ctl control, const char *longest) {
 
 QWidget *PepWindow::BuildMix() {
   auto *pane = new QWidget;
-  auto *grid = GridLayout(pane, 8, 4);
+  auto *grid = GridLayout(pane, 8, 3);
   grid->addWidget(Head("Ingredients"), 0, 0);
   auto *weights = Head("Weight, g");
   weights->setAlignment(Qt::AlignRight);
@@ -177,7 +177,7 @@ QWidget *PepWindow::BuildLook() {
 
 QWidget *PepWindow::BuildStrip() {
   auto *strip = new QWidget;
-  auto *grid = GridLayout(strip, 16, 4);
+  auto *grid = GridLayout(strip, 12, 4);
   AddFigures(*grid, Controls, Figures, 5);
   return strip;
 }
@@ -190,7 +190,7 @@ QWidget *PepWindow::BuildGrid() {
   Grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   Grid->header()->setStretchLastSection(false);
   Grid->header()->setSectionsClickable(false);
-  Grid->setMinimumHeight(180);
+  Grid->setMinimumHeight(150);
   connect(Grid, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
     if (!item) return;
     Touch(Controls, Ctl::Result_Grid);

@@ -20,10 +20,10 @@
 PepWindow::PepWindow(Sender send, QWidget *parent) : SideWindow(Ctl::PEP_SimA, std::move(send), parent) {
   auto *pane = new QWidget;
   auto *halves = new QHBoxLayout(pane);
-  halves->setContentsMargins(16, 16, 16, 8);
-  halves->setSpacing(24);
+  halves->setContentsMargins(16, 12, 16, 4);
+  halves->setSpacing(20);
   auto *left = new QVBoxLayout, *right = new QVBoxLayout;
-  left->setSpacing(12);
+  left->setSpacing(8);
   right->setSpacing(8);
   for (QWidget *part : {BuildMix(), static_cast<QWidget *>(Hairline()), BuildRun(),
                         static_cast<QWidget *>(Hairline()), BuildLook()})

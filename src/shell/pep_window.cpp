@@ -201,6 +201,7 @@ void ShowPep(Workbench &bench) {
   for (std::size_t row = 0; row < PepRows; ++row)
     TypeIngredient(bench, row, std::string(out[IngredientInput(row)].Text));
   OpenPick(bench);
+  ShowResultGrid(bench); // its headings, before there are rows
   UpdateReports(bench);
   out[Ctl::PEP_SimA].Visible = true;
 }
