@@ -9,10 +9,13 @@ target_compile_definitions(test_desktop PRIVATE
   TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" TEST_BIN="${CMAKE_BINARY_DIR}/bin")
 add_dependencies(test_desktop morvandel)
 if(XVFB_RUN)
-  add_test(NAME desktop COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" $<TARGET_FILE:test_desktop>)
+  add_test(NAME desktop COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24 +extension GLX" $<TARGET_FILE:test_desktop>)
   add_test(NAME desktop_scale_2 COMMAND ${XVFB_RUN} -a -s "-screen 0 1920x1080x24" $<TARGET_FILE:test_desktop>
     --gtest_filter=Layout.*)
-  set_tests_properties(desktop desktop_scale_2 PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
+  add_test(NAME desktop_without_gl COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24" $<TARGET_FILE:test_desktop>
+    --gtest_filter=NoGl.*)
+  set_tests_properties(desktop_without_gl PROPERTIES ENVIRONMENT QT_XCB_GL_INTEGRATION=none)
+  set_tests_properties(desktop desktop_scale_2 desktop_without_gl PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
   set_tests_properties(desktop_scale_2 PROPERTIES ENVIRONMENT QT_SCALE_FACTOR=2)
 else()
   message(STATUS "xvfb-run not found: the desktop tests need the display of this session")
