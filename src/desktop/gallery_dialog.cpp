@@ -16,6 +16,27 @@
 namespace {
 constexpr int Tile = 168; // pixels, of a picture
 
+// The grain without the corners of its picture, which are of another theme.
+QPixmap Rounded(const QPixmap &picture) {
+  QPixmap round(picture.size());
+  round.setDevicePixelRatio(picture.devicePixelRatio());
+  round.fill(Qt::transparent);
+  QPainter painter(&round);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QBrush(picture));
+  painter.drawEllipse(QRectF(0, 0, Tile, Tile).adjusted(2, 2, -2, -2));
+  return round;
+}
+
+// A description may begin with the name it stands below.
+QString Described(const QString &name, QString note) {
+  if (note.compare(name, Qt::CaseInsensitive) == 0) return {};
+  if (note.startsWith(name + ": ")) note.remove(0, name.size() + 2);
+  if (!note.isEmpty()) note[0] = note[0].toUpper();
+  return note;
+}
+
 // ListView1: pictures with their names. Keys and clicks are events of the core's.
 class GalleryView final : public QListView {
 public:
@@ -94,12 +115,14 @@ private:
       picture = picture.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
       picture.setDevicePixelRatio(ratio);
     }
-    const QString name = QString::fromStdString(from.Name), note = QString::fromStdString(from.Note);
+    const QString name = QString::fromStdString(from.Name);
+    const QString note = Described(name, QString::fromStdString(from.Note));
+    picture = Rounded(picture);
     QIcon icon(picture);
     icon.addPixmap(picture, QIcon::Selected); // not tinted
     auto *item = new QStandardItem(icon, name);
     item->setData(name, Qt::UserRole);
-    if (note != name && !note.isEmpty()) item->setText(name + "\n" + note);
+    if (!note.isEmpty()) item->setText(name + "\n" + note);
     item->setToolTip(note);
     item->setTextAlignment(Qt::AlignHCenter | Qt::AlignTop);
     const int line = QFontMetrics(font()).height();
@@ -143,7 +166,8 @@ FormDialog *MakeGallery(Sender send, QWidget *parent) {
       bindings.Asked, dialog);
   Bind(bindings, Ctl::ShortCutMenu, menu);
   menu->actions().front()->setVisible(false);
-  dialog->Follow = [list](const Screen &screen) {
+  dialog->Follow = [list, note](const Screen &screen) {
+    note->setVisible(!screen[Ctl::Gallery_Note].Text.empty());
     list->Copy(screen, screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme());
   };
   return dialog;

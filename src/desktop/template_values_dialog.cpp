@@ -21,13 +21,13 @@ constexpr Ctl Figures[] = {Ctl::Template_FirstKn, Ctl::Template_MaxKn, Ctl::Temp
 
 // The core steps the value, as for the arrow keys in its field.
 QPushButton *StepButton(Bindings &bindings, Ctl field, int row, bool up) {
-  auto *button = Slim(new QPushButton(up ? "+" : "\u2212"));
+  auto *button = new QPushButton(up ? "+" : "\u2212");
   button->setObjectName(QString(up ? "Step_Up(%1)" : "Step_Down(%1)").arg(row));
   button->setAccessibleName(up ? "More" : "Less");
   button->setAutoRepeat(true);
   button->setAutoDefault(false);
   button->setFocusPolicy(Qt::NoFocus);
-  button->setFixedWidth(26);
+  button->setFixedWidth(30);
   button->setProperty("step", true);
   QObject::connect(button, &QPushButton::clicked, button, [&bindings, field, up] {
     Touch(bindings, field);
@@ -45,7 +45,7 @@ struct ValueRow {
 ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
   const Ctl prompt = Nth(Ctl::Prompt0, row), value = Nth(Ctl::VariableName0, row);
   auto *caption = new QLabel;
-  caption->setMaximumWidth(260);
+  caption->setFixedWidth(190);
   caption->setWordWrap(true);
   bindings.List.push_back({prompt, caption, {}, true});
   auto *words = BindField(bindings, prompt, new QLineEdit);
@@ -64,7 +64,7 @@ ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
   spin->addWidget(field);
   spin->addWidget(more);
   grid.addWidget(caption, row, 0);
-  grid.addWidget(words, row, 1);
+  grid.addWidget(words, row, 0); // either of them shows
   grid.addLayout(spin, row, 2);
   grid.addWidget(slider, row, 3);
   grid.addWidget(unit, row, 4);
@@ -161,6 +161,9 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
       SetMark(*words, false); // its hint is an example
       words->setToolTip({});
       words->setPlaceholderText(QString::fromStdString(screen[Nth(Ctl::Prompt0, row)].Hint));
+      if (auto *field = qobject_cast<QLineEdit *>(Find(bindings, Nth(Ctl::VariableName0, row)));
+          field && !field->hasFocus())
+        field->setCursorPosition(0); // its beginning is to be read
     }
     head->setVisible(!screen[Ctl::Template_Head].Text.empty());
     picture->Copy(screen.Template_Picture, theme);

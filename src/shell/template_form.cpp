@@ -89,7 +89,8 @@ void ShowRows(Workbench &bench) {
     if (!v) continue;
     const bool own = row >= FirstUserVariable;
     out[TemplateControl(Ctl::VariableName0, row)].Text = ask.Answer[At(row)];
-    out[TemplateControl(Ctl::Variable_Unit0, row)].Text = UnitText(*v);
+    out[TemplateControl(Ctl::Variable_Unit0, row)].Text =
+        (ask.Prompts && own ? v->Name + ": " : "") + UnitText(*v);
     out[TemplateControl(Ctl::Prompt0, row)].Enabled = ask.Prompts && own;
     for (const Ctl first : {Ctl::VariableName0, Ctl::Variable_Slider0})
       out[TemplateControl(first, row)].Enabled = own || !ask.Prompts;

@@ -32,7 +32,8 @@ void ListVariables(Workbench &bench) {
   list.Visible = bench.Template.Record.Running;
   list.Item.clear();
   for (const VariableRow &row : bench.Draft.Variables.Row)
-    if (row.Name.size() > 1) list.Item.push_back(row.Name.substr(1) + " = " + PlainText(row.Value));
+    if (row.Name.size() > 1)
+      list.Item.push_back(row.Name.substr(1) + " = " + PlainText(static_cast<float>(row.Value)));
   if (!list.Visible) list.Index = -1;
 }
 } // namespace

@@ -303,14 +303,14 @@ Outcome State(const QString &verb, const QString &name) {
 // Letters and digits into each field the tool shows; then they stand there and the tool still runs.
 Outcome Letters(Player &player, int tool) {
   const QString letters = "az09";
-  for (const char *name : {"Question_Value", "X_Input", "Y_Input", "BoxWidth", "BoxHeight", "PolySides",
+  for (const char *name : {"Answer", "X_Input", "Y_Input", "BoxWidth", "BoxHeight", "PolySides",
                            "PolyRadius", "PolyRotate"}) {
     const auto *field = FindIn<QLineEdit>(name);
     if (!field || !field->isVisible()) continue;
     if (const Outcome typed = TypeText(player, name, letters); typed.What != Step::Done) return typed;
     if (player.Bench.Draft.Cmd.CmdNo != tool) return {Step::Wrong, QString(name) + " lets keys through"};
     if (field->text() != letters) return {Step::Later, QString(name) + " holds " + field->text()};
-    if (name != QString("Question_Value")) continue;
+    if (name != QString("Answer")) continue;
     TypeText(player, name, "2");
     QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
     return {Step::Later, "a question"};
@@ -343,7 +343,7 @@ std::optional<Outcome> Draft(Player &player, const QStringList &word) {
     return Outcome{};
   }
   if (verb == "answer") {
-    const Outcome typed = TypeText(player, "Question_Value", name);
+    const Outcome typed = TypeText(player, "Answer", name);
     if (typed.What == Step::Done) QTest::keyClick(Front()->windowHandle(), Qt::Key_Return);
     return typed;
   }
