@@ -1,10 +1,9 @@
 #include "macros/mac_file.h"
 
 #include "base/whole_file.h"
-#include "shell/grain_file.h"
+#include "macros/reading_parts.h"
 
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -16,20 +15,10 @@ constexpr std::string_view MissingWords =
 constexpr std::string_view EmptyWords = "Error: File Empty";
 constexpr const char *Labels[] = {
     "PointArea:", "Value1:", "Value2:", "Value3:", "Value4:", "Current PlotType:", "Current Selection Type:"};
-constexpr int MostEntities = 301, GrainRows = 2;
+constexpr int GrainRows = 2;
 
 std::string Said(std::string_view words, const std::string &reason) {
   return std::string(words) + "\n" + reason;
-}
-
-std::string Plain(std::string_view text) { // as it can stand between quotes in a line
-  std::string plain;
-  for (const char c : text)
-    if (c == '\n' || c == '\r')
-      plain += ' ';
-    else if (c != '"')
-      plain += c;
-  return plain;
 }
 
 template <class Value>
@@ -49,43 +38,6 @@ void PutInstruction(RecordWriter &w, int index, const Instruction &step) {
   PutLabelled(w, Labels[5], step.PlotType);
   PutLabelled(w, Labels[6], step.SelectionType);
   w.Bytes += "\r\n";
-}
-
-// What reads the file, and the first trouble it met.
-struct Reading {
-  RecordReader R;
-  const std::string &Name;
-  std::string Trouble{};
-};
-
-bool Refuse(Reading &in, const char *field, const std::string &why) {
-  in.Trouble = RecordPlace(in.Name, in.R, field) + why;
-  return false;
-}
-
-template <class Value>
-bool Get(Reading &in, Value &value, const char *field) {
-  return Take(in.R, value) || Refuse(in, field, in.R.Trouble);
-}
-
-bool GetBetween(Reading &in, int &value, int least, int most, const char *field) {
-  if (!Get(in, value, field)) return false;
-  if (value >= least && value <= most) return true;
-  return Refuse(in, field,
-                "expected a whole number from " + std::to_string(least) + " to " + std::to_string(most) +
-                    ", found \"" + std::to_string(value) + "\"");
-}
-
-bool Get16(Reading &in, int &value, const char *field) {
-  using Small = std::numeric_limits<std::int16_t>;
-  return GetBetween(in, value, Small::min(), Small::max(), field);
-}
-
-bool GetEntity(Reading &in, std::vector<Entity> &to) {
-  Entity entity;
-  in.Trouble = TakeEntity(in.R, in.Name, entity);
-  if (in.Trouble.empty()) to.push_back(entity);
-  return in.Trouble.empty();
 }
 
 bool GetHead(Reading &in, MacFile &mac) {
@@ -182,10 +134,6 @@ std::string NotFinite(const MacFile &mac) {
   return std::isfinite(mac.Rotation) ? "" : "the rotation";
 }
 
-std::string_view WithoutBlankEnd(std::string_view bytes) {
-  const std::size_t last = bytes.find_last_not_of(" \t\r\n");
-  return last == bytes.npos ? std::string_view() : bytes.substr(0, last + 1);
-}
 } // namespace
 
 std::string VariableName(const VariableRow &row) { return row.Name.empty() ? "" : row.Name.substr(1); }
