@@ -5,6 +5,7 @@
 #include "cli/import.h"
 #include "cli/mesh.h"
 #include "cli/motor.h"
+#include "cli/optimise.h"
 #include "cli/pep.h"
 #include "cli/render.h"
 #include "cli/script.h"
@@ -95,6 +96,8 @@ int main(int argc, char **argv) {
   AddRender(app, render);
   TemplatesArguments templates;
   AddTemplates(app, templates);
+  OptimiseArguments optimise;
+  AddOptimise(app, optimise);
   PlayArguments playing;
   AddPlay(app, playing);
 
@@ -113,6 +116,7 @@ int main(int argc, char **argv) {
   if (app.got_subcommand("mesh")) return MeshCommand(mesh);
   if (app.got_subcommand("render")) return RenderCommand(render);
   if (app.got_subcommand("templates")) return TemplatesCommand(templates);
+  if (app.got_subcommand("optimise")) return OptimiseCommand(optimise);
   if (app.got_subcommand("play")) return PlayCommand(playing);
   burn.HasDiameter = diameter->count() > 0;
   burn.HasLength = length->count() > 0;

@@ -39,17 +39,7 @@ std::string FillInputs(const MotorArguments &a, const GrainDoc &doc, MotorInputs
   if (a.Dimensions.Throat) in.ThroatDiam = *a.Dimensions.Throat;
   if (a.Dimensions.Length) in.GrainLength = *a.Dimensions.Length;
   in.TopEnd = a.TopEnd == "yes";
-  if (!a.Propellant.empty()) {
-    std::vector<Propellant> library;
-    std::string trouble = LoadLibrary(library);
-    if (trouble.empty()) trouble = PickPropellant(library, a.Propellant, in.Fuel);
-    if (!trouble.empty()) return trouble;
-  }
-  in.Fuel.A = a.A.value_or(in.Fuel.A);
-  in.Fuel.N = a.N.value_or(in.Fuel.N);
-  in.Fuel.Density = a.Density.value_or(in.Fuel.Density);
-  in.Fuel.CStar = a.CStar.value_or(in.Fuel.CStar);
-  in.Fuel.Isp = a.Isp.value_or(in.Fuel.Isp);
+  if (std::string trouble = ReadFuel(a.Fuel, in.Fuel); !trouble.empty()) return trouble;
   return CheckInputs(in);
 }
 

@@ -1,16 +1,11 @@
 #pragma once
 #include "cli/motor_options.h"
 
-#include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 struct MotorArguments {
-  std::string File, Propellant, Table, Chart, Svg, Eng, Report, TopEnd = "yes";
-  std::optional<double> A, N, Density, CStar, Isp;
+  std::string File, Table, Chart, Svg, Eng, Report, TopEnd = "yes";
+  FuelOptions Fuel;
   DimensionOptions Dimensions;
   bool Json = false;
 };

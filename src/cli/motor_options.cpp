@@ -49,3 +49,18 @@ std::string PickPropellant(const std::vector<Propellant> &list, const std::strin
   for (const Propellant &p : list) names += (names.empty() ? "" : ", ") + p.Name;
   return fmt::format("--propellant: there is no {} in the library; it holds: {}", name, names);
 }
+
+std::string ReadFuel(const FuelOptions &given, Propellant &fuel) {
+  if (!given.Propellant.empty()) {
+    std::vector<Propellant> library;
+    std::string trouble = LoadLibrary(library);
+    if (trouble.empty()) trouble = PickPropellant(library, given.Propellant, fuel);
+    if (!trouble.empty()) return trouble;
+  }
+  fuel.A = given.A.value_or(fuel.A);
+  fuel.N = given.N.value_or(fuel.N);
+  fuel.Density = given.Density.value_or(fuel.Density);
+  fuel.CStar = given.CStar.value_or(fuel.CStar);
+  fuel.Isp = given.Isp.value_or(fuel.Isp);
+  return {};
+}

@@ -6,12 +6,24 @@
 #include <string>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 // The dimensions given take the place of the file's.
 struct DimensionOptions {
   std::optional<double> Diameter, Length, Throat; // mm
   std::string Ends;                               // none, A, B, AB; empty: the file's
 };
 std::string ApplyDimensions(const DimensionOptions &, GrainDoc &); // the trouble, or empty
+
+// A propellant of the library by its name, or figure by figure.
+struct FuelOptions {
+  std::string Propellant;
+  std::optional<double> A, N, Density, CStar, Isp;
+};
+void AddFuel(CLI::App &command, FuelOptions &);
+std::string ReadFuel(const FuelOptions &, Propellant &); // figures not given stay. The trouble, or empty
 
 // The inputs as the motor's window opens with them.
 MotorInputs OpeningInputs(const GrainDoc &);

@@ -4,7 +4,7 @@
 #include "cli/outputs.h"
 #include "cli/templates.h"
 #include "drafting/view.h"
-#include "macros/template_design.h"
+#include "macros/template_trials.h"
 #include "outputs/named_figures.h"
 #include "outputs/picture.h"
 #include "shell/grain_file.h"
@@ -63,6 +63,18 @@ std::string ReadGrainOption(const std::string &text, TemplateGrain &grain) {
   return rest.empty() ? "" : std::string(form);
 }
 
+std::string ReadTrials(const std::string &name, const std::string &folder,
+                       const std::vector<std::string> &set, const std::string &grain,
+                       TemplateTrials &trials) {
+  const std::string path = LocateTemplate(name, folder);
+  std::string trouble = ReadMacFile(path.empty() ? name : path, trials.Mac);
+  if (trouble.empty() && !grain.empty()) trouble = ReadGrainOption(grain, trials.Grain);
+  for (const std::string &text : set)
+    if (trouble.empty()) trouble = ReadAnswer(text, trials.Fixed.emplace_back());
+  std::replace(trouble.begin(), trouble.end(), '\n', ' ');
+  return trouble;
+}
+
 void AddPlay(CLI::App &app, PlayArguments &a) {
   CLI::App *const command = app.add_subcommand("play", "draw a template with these values");
   command->add_option("TEMPLATE", a.Template, "its name, or the path of a .Mac file")->required();
@@ -75,17 +87,10 @@ void AddPlay(CLI::App &app, PlayArguments &a) {
 }
 
 int PlayCommand(const PlayArguments &a) {
-  const std::string path = LocateTemplate(a.Template, a.Folder);
-  MacFile mac;
-  if (std::string trouble = ReadMacFile(path.empty() ? a.Template : path, mac); !trouble.empty())
+  TemplateTrials asked;
+  if (std::string trouble = ReadTrials(a.Template, a.Folder, a.Value, a.Grain, asked); !trouble.empty())
     return Fail(BadUse, trouble);
-  TemplateGrain grain;
-  if (!a.Grain.empty())
-    if (std::string trouble = ReadGrainOption(a.Grain, grain); !trouble.empty()) return Fail(BadUse, trouble);
-  std::vector<TemplateAnswer> answers(a.Value.size());
-  for (std::size_t i = 0; i < answers.size(); ++i)
-    if (std::string trouble = ReadAnswer(a.Value[i], answers[i]); !trouble.empty())
-      return Fail(BadUse, trouble);
+  const std::string path = LocateTemplate(a.Template, a.Folder);
   Outputs outputs;
   outputs.Input = path;
   for (const std::string *file : {&a.Save, &a.Svg})
@@ -93,7 +98,7 @@ int PlayCommand(const PlayArguments &a) {
       if (std::string trouble = PlanOutput(outputs, *file); !trouble.empty()) return Fail(BadUse, trouble);
 
   Design design;
-  const TemplateResult drawn = DesignFromTemplate(mac, answers, grain, design);
+  const TemplateResult drawn = DesignFromTemplate(asked.Mac, asked.Fixed, asked.Grain, design);
   if (!drawn.Trouble.empty()) return Fail(drawn.Instruction < 0 ? BadUse : Refused, drawn.Trouble);
   design.CurrentFile = path;
   BurnRun run;

@@ -2,15 +2,17 @@
 
 #include "base/whole_file.h"
 #include "cli/exit_codes.h"
+#include "cli/interrupts.h"
 #include "cli/motor_options.h"
 #include "cli/outputs.h"
+#include "cli/templates.h"
+#include "macros/template_trials.h"
 #include "outputs/sweep.h"
 #include "performance/motor_run.h"
 #include "performance/propellants.h"
 #include "shell/grain_file.h"
 
 #include <algorithm>
-#include <csignal>
 #include <filesystem>
 #include <fmt/format.h>
 #include <numeric>
@@ -20,7 +22,6 @@
 
 namespace {
 
-constexpr int InterruptedCode = 130;
 constexpr std::size_t TroublesTold = 10;
 
 int Fail(const std::string &words) {
@@ -64,13 +65,50 @@ std::string AddRange(const char *option, SweepField field, const std::string &te
   return {};
 }
 
+// The template's variables that vary, beside what is said of it.
+std::string AddTemplate(const SweepArguments &a, Sweep &sweep) {
+  TemplateTrials trials;
+  std::string trouble = ReadTrials(a.Template, a.Folder, a.Set, a.Grain, trials);
+  std::vector<std::vector<double>> values;
+  for (const std::string &text : a.Var) {
+    TemplateAnswer answer;
+    if (trouble.empty()) trouble = ReadAnswer(text, answer);
+    if (!trouble.empty()) return trouble;
+    trials.Varies.push_back(answer.Name);
+    if (trouble = ReadRange(answer.Text, values.emplace_back()); !trouble.empty())
+      return "--var " + answer.Name + ": " + trouble;
+  }
+  if (trouble.empty()) trouble = CheckVaried(trials);
+  if (!trouble.empty()) return trouble;
+  sweep.Designs = TemplateDesigns(trials, values);
+  const bool varies = std::any_of(trials.Varies.begin(), trials.Varies.end(), [](std::string name) {
+    std::transform(name.begin(), name.end(), name.begin(), [](unsigned char c) { return std::toupper(c); });
+    return name == "THROAT";
+  });
+  return varies || trials.Grain.Throat > 0 || !a.Throat.empty()
+             ? ""
+             : "the grain has no throat: give --grain or --throat";
+}
+
+std::string AddDesigns(const SweepArguments &a, Sweep &sweep) {
+  if (!a.Template.empty()) return AddTemplate(a, sweep);
+  if (a.File.empty()) return "give grain files, or --template";
+  sweep.Designs = FileDesigns(a.File);
+  for (const std::string &path : a.File) {
+    Design design;
+    if (std::string trouble = ReadGrainFile(path, design); !trouble.empty()) return trouble;
+    if (a.Throat.empty() && !(design.Doc.ThroatDiam > 0))
+      return path + ": the design has no throat: give --throat";
+  }
+  return {};
+}
+
 std::string FillSweep(const SweepArguments &a, Sweep &sweep) {
-  sweep.File = a.File;
-  sweep.NameFiles = a.File.size() > 1;
   sweep.TopEnd = a.TopEnd == "yes";
   if (!a.Ends.empty()) sweep.EndsExposed = a.Ends == "none" ? 0 : a.Ends == "A" ? 1 : a.Ends == "B" ? 2 : 3;
   sweep.Workers = static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-  std::string trouble = AddRange("--length", SweepField::Length, a.Length, sweep);
+  std::string trouble = AddDesigns(a, sweep);
+  if (trouble.empty()) trouble = AddRange("--length", SweepField::Length, a.Length, sweep);
   if (trouble.empty()) trouble = AddRange("--throat", SweepField::Throat, a.Throat, sweep);
   if (trouble.empty()) trouble = AddPropellants(a, sweep);
   const std::pair<const char *, std::pair<SweepField, const std::string *>> fuel[] = {
@@ -83,28 +121,7 @@ std::string FillSweep(const SweepArguments &a, Sweep &sweep) {
     if (trouble.empty()) trouble = AddRange(option, range.first, *range.second, sweep);
   if (trouble.empty() && SweepRows(sweep) > MostSweepRows)
     trouble = fmt::format("The ranges give more than {} rows", MostSweepRows);
-  for (const std::string &path : a.File) {
-    Design design;
-    if (trouble.empty()) trouble = ReadGrainFile(path, design);
-    if (trouble.empty() && a.Throat.empty() && !(design.Doc.ThroatDiam > 0))
-      trouble = path + ": the design has no throat: give --throat";
-  }
   return trouble;
-}
-
-// Ctrl+C is kept waiting while rows are worked out, and looked at between them.
-void HoldInterrupts() {
-  sigset_t set;
-  sigemptyset(&set);
-  sigaddset(&set, SIGINT);
-  sigaddset(&set, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &set, nullptr);
-}
-
-bool Interrupted() {
-  sigset_t waiting;
-  sigpending(&waiting);
-  return sigismember(&waiting, SIGINT) == 1 || sigismember(&waiting, SIGTERM) == 1;
 }
 
 } // namespace
@@ -119,7 +136,7 @@ int SweepCommand(SweepArguments a) {
     for (const std::string &path : a.File)
       if (std::filesystem::equivalent(path, a.Table, none))
         return Fail(a.Table + ": this is one of the grain files");
-    outputs.Input = a.File.front();
+    outputs.Input = a.File.empty() ? LocateTemplate(a.Template, a.Folder) : a.File.front();
     if (std::string trouble = PlanOutput(outputs, a.Table); !trouble.empty()) return Fail(trouble);
   }
 

@@ -8,6 +8,8 @@ class App;
 
 struct SweepArguments {
   std::vector<std::string> File, Propellant;
+  std::string Template, Folder, Grain;                   // in the place of files
+  std::vector<std::string> Var, Set;                     // NAME=RANGE, NAME=VALUE
   std::string Length, Throat, A, N, Density, CStar, Isp; // ranges, empty: not given
   std::string Ends, TopEnd = "yes", Table;
 };

@@ -8,7 +8,15 @@ void AddSweep(CLI::App &app, SweepArguments &a) {
   CLI::App *const command = app.add_subcommand(
       "sweep", "work out motors over ranges of inputs, a table row each; a range is FROM:TO:STEP or values "
                "parted by commas");
-  command->add_option("FILE.mvd", a.File, "grain files")->required();
+  CLI::Option *const files = command->add_option("FILE.mvd", a.File, "grain files");
+  CLI::Option *const drawn = command->add_option("--template", a.Template, "or a template: its name or path");
+  drawn->excludes(files);
+  command->add_option("--var", a.Var, "NAME=RANGE: values of the template's variable")->needs(drawn);
+  command->add_option("--set", a.Set, "NAME=VALUE: of a variable that does not vary")->needs(drawn);
+  command->add_option("--grain", a.Grain, "DIAMETER,LENGTH,THROAT,none|A|B|AB, mm (else as recorded)")
+      ->needs(drawn);
+  command->add_option("--folder", a.Folder, "folder of the templates (else your own, else the shipped ones)")
+      ->needs(drawn);
   command->add_option("--length", a.Length, "grain lengths, mm");
   command->add_option("--throat", a.Throat, "nozzle throat diameters, mm");
   CLI::Option *const name =

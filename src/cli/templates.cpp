@@ -97,7 +97,7 @@ std::string PlaySource(const std::string &path, const std::string &folder, std::
   ScriptedScreen screen;
   Workbench bench(screen);
   ScriptedTemplates templates;
-  BindScript(bench, screen, &templates);
+  BindScript(bench, screen, {.Templates = &templates, .Lessons = nullptr});
   WriteWhole(folder + "IntroFile.txt", "1\r\n");
   WorkFolders work;
   work.AppDir = folder;

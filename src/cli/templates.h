@@ -30,3 +30,7 @@ struct TemplateAnswer;
 struct TemplateGrain;
 std::string ReadAnswer(const std::string &text, TemplateAnswer &);
 std::string ReadGrainOption(const std::string &text, TemplateGrain &);
+// Finds and reads the template, its fixed values and its grain. The trouble, or empty.
+struct TemplateTrials;
+std::string ReadTrials(const std::string &name, const std::string &folder,
+                       const std::vector<std::string> &set, const std::string &grain, TemplateTrials &);

@@ -19,8 +19,8 @@ namespace {
 constexpr const char *FieldNames[] = {"length_mm", "throat_mm",    "propellant", "a",
                                       "n",         "density_g_cc", "cstar_m_s",  "isp_s"};
 
-// A file's burn, made by whichever worker comes first and dropped after its last row.
-struct FileBurn {
+// A design's burn, made by whichever worker comes first and dropped after its last row.
+struct DesignBurn {
   std::mutex Busy;
   bool Tried = false, Told = false;
   GrainDoc Doc;
@@ -31,8 +31,8 @@ struct FileBurn {
 
 struct Job {
   const Sweep &Asked;
-  std::size_t Rows = 0, RowsPerFile = 0;
-  std::vector<FileBurn> Burn{};
+  std::size_t Rows = 0, RowsPerDesign = 0;
+  std::vector<DesignBurn> Burn{};
   std::atomic<std::size_t> Next{0}, Done{0};
   std::atomic<bool> Stop{false};
   std::mutex Telling{};
@@ -42,7 +42,7 @@ struct Job {
 
 // One worker's copy of a burn, filled anew for each row's dimensions.
 struct OwnBurn {
-  std::size_t File = static_cast<std::size_t>(-1);
+  std::size_t Place = static_cast<std::size_t>(-1); // of its design
   BurnRun Run;
 };
 
@@ -51,10 +51,10 @@ bool GoOn(Job &job) {
   return !job.Stop;
 }
 
-void BurnFile(Job &job, FileBurn &burn, const std::string &path) {
+void MakeBurn(Job &job, DesignBurn &burn, const SweepDesigns::Maker &make, std::size_t place) {
   burn.Tried = true;
   Design design;
-  burn.Trouble = ReadGrainFile(path, design);
+  burn.Trouble = make(place, design);
   if (!burn.Trouble.empty()) return;
   if (job.Asked.EndsExposed >= 0) design.Doc.EndsExposed = static_cast<std::int16_t>(job.Asked.EndsExposed);
   burn.Doc = design.Doc;
@@ -68,7 +68,7 @@ void BurnFile(Job &job, FileBurn &burn, const std::string &path) {
   } else if (refusal.Stopped) {
     burn.Tried = false;
   } else {
-    burn.Trouble = path + ": " + refusal.Text;
+    burn.Trouble = job.Asked.Designs.Name(place) + ": " + refusal.Text;
   }
 }
 
@@ -107,9 +107,9 @@ void AddFigures(std::string &line, const std::vector<NamedFigure> &figures, bool
 }
 
 // The line of a row; the trouble of its motor.
-std::string WorkOut(Job &job, std::size_t row, const FileBurn &burn, OwnBurn &own, std::string &line) {
+std::string WorkOut(Job &job, std::size_t row, const DesignBurn &burn, OwnBurn &own, std::string &line) {
   const Sweep &sweep = job.Asked;
-  const std::size_t file = row / job.RowsPerFile;
+  const std::size_t place = row / job.RowsPerDesign;
   GrainDoc doc = burn.Doc;
   MotorInputs in;
   in.Fuel = sweep.Fuel.front();
@@ -118,8 +118,9 @@ std::string WorkOut(Job &job, std::size_t row, const FileBurn &burn, OwnBurn &ow
   in.ThroatDiam = Val(PlainText(doc.ThroatDiam));
   in.EndsExposed = doc.EndsExposed & 3;
   in.TopEnd = sweep.TopEnd;
-  if (sweep.NameFiles) line += Cell(sweep.File[file]) + ',';
-  std::size_t rest = row % job.RowsPerFile, round = job.RowsPerFile;
+  if (!sweep.Designs.Column.empty())
+    for (const std::string &cell : sweep.Designs.Cells(place)) line += Cell(cell) + ',';
+  std::size_t rest = row % job.RowsPerDesign, round = job.RowsPerDesign;
   for (const SweepAxis &axis : sweep.Axis) {
     round /= axis.Value.size();
     const double value = axis.Value[rest / round];
@@ -131,7 +132,7 @@ std::string WorkOut(Job &job, std::size_t row, const FileBurn &burn, OwnBurn &ow
   std::string trouble;
   bool ran = false;
   if (burn.Run) {
-    if (own.File != file) own = {file, *burn.Run};
+    if (own.Place != place) own = {place, *burn.Run};
     FillFigures(doc, own.Run);
     ran = RunMotor(own.Run, in, motor, trouble);
   }
@@ -145,14 +146,15 @@ std::string WorkOut(Job &job, std::size_t row, const FileBurn &burn, OwnBurn &ow
 
 void Work(Job &job) {
   OwnBurn own;
+  const SweepDesigns::Maker make = job.Asked.Designs.Open();
   while (!job.Stop) {
     const std::size_t row = job.Next++;
     if (row >= job.Rows) return;
-    const std::size_t file = row / job.RowsPerFile;
-    FileBurn &burn = job.Burn[file];
+    const std::size_t place = row / job.RowsPerDesign;
+    DesignBurn &burn = job.Burn[place];
     {
       const std::lock_guard lock(burn.Busy);
-      if (!burn.Tried) BurnFile(job, burn, job.Asked.File[file]);
+      if (!burn.Tried) MakeBurn(job, burn, make, place);
       if (!burn.Tried) return; // stopped within the burn
     }
     std::string line;
@@ -162,7 +164,7 @@ void Work(Job &job) {
     const std::lock_guard lock(burn.Busy);
     if (!trouble.empty() || (!burn.Trouble.empty() && !burn.Told)) {
       const std::lock_guard telling(job.Telling);
-      job.Outcome.Trouble.push_back(burn.Trouble.empty() ? job.Asked.File[file] + ", row " +
+      job.Outcome.Trouble.push_back(burn.Trouble.empty() ? job.Asked.Designs.Name(place) + ", row " +
                                                                std::to_string(row + 1) + ": " + trouble
                                                          : burn.Trouble);
       burn.Told = true;
@@ -200,8 +202,20 @@ std::string AddRange(std::string_view part, std::vector<double> &values) {
 
 } // namespace
 
+SweepDesigns FileDesigns(const std::vector<std::string> &paths) {
+  SweepDesigns designs;
+  designs.Count = paths.size();
+  if (paths.size() > 1) designs.Column = {"file"};
+  designs.Cells = [paths](std::size_t place) { return std::vector{paths[place]}; };
+  designs.Name = [paths](std::size_t place) { return paths[place]; };
+  designs.Open = [paths] {
+    return [paths](std::size_t place, Design &design) { return ReadGrainFile(paths[place], design); };
+  };
+  return designs;
+}
+
 std::size_t SweepRows(const Sweep &sweep) {
-  double rows = static_cast<double>(sweep.File.size());
+  double rows = static_cast<double>(sweep.Designs.Count);
   for (const SweepAxis &axis : sweep.Axis) rows *= static_cast<double>(axis.Value.size());
   return rows > MostSweepRows ? MostSweepRows + 1 : static_cast<std::size_t>(rows);
 }
@@ -222,10 +236,10 @@ SweepOutcome RunSweep(const Sweep &sweep, const std::function<bool(std::size_t)>
   Job job{.Asked = sweep, .Step = step};
   job.Rows = SweepRows(sweep);
   if (job.Rows == 0 || job.Rows > MostSweepRows) return {};
-  job.RowsPerFile = job.Rows / sweep.File.size();
+  job.RowsPerDesign = job.Rows / sweep.Designs.Count;
   job.Outcome.Row.resize(job.Rows);
-  job.Burn = std::vector<FileBurn>(sweep.File.size());
-  for (FileBurn &burn : job.Burn) burn.RowsLeft = job.RowsPerFile;
+  job.Burn = std::vector<DesignBurn>(sweep.Designs.Count);
+  for (DesignBurn &burn : job.Burn) burn.RowsLeft = job.RowsPerDesign;
   std::vector<std::thread> helper;
   for (int i = 1; i < sweep.Workers; ++i) helper.emplace_back([&] { Work(job); });
   Work(job);
@@ -235,7 +249,7 @@ SweepOutcome RunSweep(const Sweep &sweep, const std::function<bool(std::size_t)>
 
 std::string SweepTableText(const Sweep &sweep, const SweepOutcome &outcome) {
   std::string text;
-  if (sweep.NameFiles) text += "file,";
+  for (const std::string &name : sweep.Designs.Column) text += Cell(name) + ',';
   for (const SweepAxis &axis : sweep.Axis)
     text += FieldNames[static_cast<std::size_t>(axis.Field)] + std::string(",");
   for (const NamedFigure &f : NamedBurnFigures({}, {})) text += f.Key + ',';
