@@ -3,6 +3,7 @@
 #include "base/whole_file.h"
 #include "burnback/designs.h"
 #include "desktop/qt_screen.h"
+#include "desktop/scene_painter.h"
 #include "desktop/window_style.h"
 #include "drafting/command_table.h"
 #include "platform/events.h"
@@ -95,6 +96,38 @@ void MoveInLine(benchmark::State &state) { PointerMove(state, 1); }
 void MoveInSectionTrim(benchmark::State &state) { PointerMove(state, 69); }
 } // namespace
 
+// The 3D view by itself: the first picture with all that goes before it, and the pictures of a turn.
+void OpenSolids(benchmark::State &state) {
+  Program program(24);
+  for (auto _ : state) {
+    program.Screen.Send(PressOf(Ctl::tb3DRender));
+    while (program.Bench.View.UnderWay) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    program.Settle();
+    state.PauseTiming();
+    program.Screen.Send(PressOf(Ctl::tb2DPlot));
+    program.Settle();
+    state.ResumeTiming();
+  }
+}
+
+void TurnSolids(benchmark::State &state) {
+  Program program(24);
+  program.Screen.Send(PressOf(Ctl::tb3DRender));
+  program.Send(Event::Kind::Resize, Ctl::Picture1, 1280, 800);
+  while (program.Bench.View.UnderWay) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  ScenePainter painter;
+  const bool smooth = state.range(0) != 0;
+  for (auto _ : state) {
+    Orbit(program.Bench.View.Eye, 7, 0);
+    RefreshView3d(program.Bench);
+    if (painter.Paint(program.Screen.View3d, {1280, 800}, {Qt::white, Qt::gray, Qt::black, 0.3}, smooth)
+            .isNull())
+      state.SkipWithError("no picture");
+  }
+}
+
+BENCHMARK(OpenSolids)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(TurnSolids)->Arg(0)->Arg(1)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(EditToNewCurve)->Arg(12)->Arg(300)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(FullRepaint)->Arg(300)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveInLine)->Arg(300)->Unit(benchmark::kMillisecond);

@@ -136,8 +136,9 @@ void SceneView::PaintFrame(QPainter &painter) const {
   painter.drawEllipse(at, r, r);
   painter.setPen(
       QPen(Shown.GripHeld ? Colours->AccentText : Colours->Accent, 1.5, Qt::SolidLine, Qt::RoundCap));
-  painter.drawLine(at - QPointF(2, 3), at - QPointF(2, -3));
-  painter.drawLine(at - QPointF(-2, 3), at - QPointF(-2, -3));
+  for (const double side : {-1.0, 1.0}) // two arrowheads, away from each other
+    painter.drawPolyline(
+        QPolygonF{at + QPointF(side * 2, -3), at + QPointF(side * 5, 0), at + QPointF(side * 2, 3)});
 }
 
 // X, Y of the drawing and Z along the motor, from a corner.
