@@ -71,13 +71,9 @@ bool PlaysBack(Workbench &bench, const MacFile &mac) {
 
 bool WriteTemplate(Workbench &bench, const std::string &name, const MacFile &mac) {
   TemplateState &state = bench.Template;
-  std::error_code failed;
-  std::filesystem::create_directories(state.Folders.Template, failed);
-  std::string trouble =
-      SetUpTemplates(state.Folders, ShippedTemplates(bench.Folders.Install)); // before its own
   std::string path = FindTemplate(state.Folders, name);
   if (path.empty()) path = state.Folders.Template + WithMacEnding(name);
-  if (trouble.empty()) trouble = WriteMacFile(path, mac);
+  std::string trouble = WriteMacFile(path, mac);
   if (trouble.empty()) trouble = ListTemplate(state, KeyOf(path), mac);
   return trouble.empty() || Tell(bench, trouble);
 }
@@ -102,6 +98,13 @@ void M2(Workbench &bench) {
 }
 
 void FinishRecording(Workbench &bench) {
+  const TemplateFolders &folders = bench.Template.Folders;
+  std::error_code failed;
+  std::filesystem::create_directories(folders.Template, failed);
+  // The shipped ones first: a name of theirs is taken.
+  if (const std::string trouble = SetUpTemplates(folders, ShippedTemplates(bench.Folders.Install));
+      !trouble.empty())
+    Tell(bench, trouble);
   const std::string name = AskName(bench);
   if (name.empty()) {
     CancelRecording(bench);

@@ -24,7 +24,7 @@ const Lines Tube = {"press mnumaketemplate",
 Lines Recorded(const Lines &more) {
   Lines all = PastIntro(Tube);
   for (const char *line :
-       {"press Stop_Macro", "answer Tube", "visible TemplateForm", "text Prompt(2) Port radius, mm [2 .. 15]",
+       {"press Stop_Macro", "answer Bore", "visible TemplateForm", "text Prompt(2) Port radius, mm [2 .. 15]",
         "press Accept", "box OK", "hidden TemplateNoteFrame"})
     all.push_back(line);
   all.insert(all.end(), more.begin(), more.end());
@@ -42,7 +42,7 @@ TEST(Desktop, ATemplateIsRecordedChosenDraggedAndAccepted) {
                             "key End",
                             "press Use_Template",
                             "visible TemplateForm",
-                            "shows TemplateForm Grain Dimensions and Configuration - Tube",
+                            "shows TemplateForm Grain Dimensions and Configuration - Bore",
                             "shows VariableName(2) 6",
                             "keep Template_Picture",
                             "keep Template_Chart",
@@ -104,7 +104,7 @@ TEST(Layout, NoTextOfTheTemplateWindowsIsCut) {
                              "text Text1(2) sin", "whole VariableNameForm", "press Cancel"});
     lines.insert(lines.end(), Tube.begin(), Tube.end());
     for (const char *line :
-         {"whole TemplateNoteFrame", "press Stop_Macro", "answer Tube", "visible TemplateForm",
+         {"whole TemplateNoteFrame", "press Stop_Macro", "answer Bore", "visible TemplateForm",
           "whole TemplateForm", "press Accept", "box OK", "press Templates", "visible Grain_Selection_Window",
           "whole Grain_Selection_Window", "press Use_Template", "visible TemplateForm",
           "text VariableName(2) 99", "whole TemplateForm", "press Cancel"})
