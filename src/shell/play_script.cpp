@@ -22,6 +22,7 @@ struct Player {
   Workbench &Bench;
   ScriptedScreen &Out;
   ScriptedTemplates &Templates;
+  ScriptedLessons &Lessons;
   Ctl Field = Ctl::DrawPanel; // where keys go
 };
 
@@ -88,6 +89,8 @@ void PressControl(Player &p, const Event &press) {
   if (!Usable(p, press.Target)) return;
   const std::string_view window = RowOf(press.Target).Window;
   p.Field = window == "frmMain" || window == "tbToolBar" ? Ctl::DrawPanel : press.Target;
+  if (LessonRecords(p.Lessons.Record) && IsTaughtButton(press.Target))
+    KeepPress(p.Lessons.Record, p.Bench.Draft, std::string(RowOf(press.Target).Name));
   Send(p, press);
 }
 
@@ -295,7 +298,8 @@ void PlayLine(Player &p) {
   if (verb == "expect") return Expect(p, rest);
   if (Mouse(p, verb, rest)) return;
   if (verb == "point" || verb == "clickat") return Placed(p, verb == "point", rest);
-  if (std::string trouble; ScriptTemplateLine(p.Templates, p.Bench, verb, rest, trouble)) {
+  if (std::string trouble; ScriptTemplateLine(p.Templates, p.Bench, verb, rest, trouble) ||
+                           ScriptLessonLine(p.Lessons, p.Bench, verb, rest, trouble)) {
     if (!trouble.empty()) Fail(p.Out.Lines, trouble);
     return;
   }
@@ -323,9 +327,12 @@ void PlayLine(Player &p) {
 
 } // namespace
 
-void BindScript(Workbench &bench, ScriptedScreen &screen, ScriptedTemplates *keep) {
-  const auto own = std::make_shared<ScriptedTemplates>();
-  screen.PlayLine = [own, player = Player{bench, screen, keep ? *keep : *own}]() mutable {
+void BindScript(Workbench &bench, ScriptedScreen &screen, const ScriptKeeps &keep) {
+  const auto templates = std::make_shared<ScriptedTemplates>();
+  const auto lessons = std::make_shared<ScriptedLessons>();
+  screen.PlayLine = [templates, lessons,
+                     player = Player{bench, screen, keep.Templates ? *keep.Templates : *templates,
+                                     keep.Lessons ? *keep.Lessons : *lessons}]() mutable {
     PlayLine(player);
   };
 }

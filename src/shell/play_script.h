@@ -1,11 +1,18 @@
 #pragma once
 #include "platform/scripted_screen.h"
+#include "shell/script_lessons.h"
 #include "shell/script_templates.h"
 #include "shell/workbench.h"
 
+// Where what a script makes is to be found afterwards; null: nowhere.
+struct ScriptKeeps {
+  ScriptedTemplates *Templates = nullptr;
+  ScriptedLessons *Lessons = nullptr;
+};
+
 // Ties a scripted screen to the workbench it shows: from now on its lines go through Dispatch, those of
 // dialogs during start-up too.
-void BindScript(Workbench &, ScriptedScreen &, ScriptedTemplates *keep = nullptr);
+void BindScript(Workbench &, ScriptedScreen &, const ScriptKeeps & = {});
 
 // Plays the lines to their end or their first fault:
 //   grain DIAM LENGTH THROAT none|A|B|AB   acts as Next of the Dimensions dialog
@@ -24,6 +31,7 @@ void BindScript(Workbench &, ScriptedScreen &, ScriptedTemplates *keep = nullptr
 //   hover CHART PART   the pointer over a chart, 0..1 of its width
 //   drop PATH | close [WINDOW] | save PATH
 //   variable, record, point, clickat, template   see shell/script_templates
+//   lesson, say, then, pause, endlesson          see shell/script_lessons
 //   answer TEXT | box ANSWER | file PATH    answers, see ScriptedScreen
 //   expect prompt TEXT | count N | text NAME TEXT
 //   expect visible|hidden|enabled|disabled|checked|unchecked NAME

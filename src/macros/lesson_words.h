@@ -1,0 +1,19 @@
+#pragma once
+#include "macros/tutor_file.h"
+
+#include <span>
+#include <string>
+
+// What a lesson says. Inputs come in groups: one of the user's, and the answers to what it asks.
+
+std::size_t GroupEnd(std::span<const LessonStep>, std::size_t first); // behind the last of its group
+
+// What is asked for: the author's words of the group, else words of our own by its kind and values. lastTool:
+// the command that runs, 0 for none.
+std::string LessonMessage(std::span<const LessonStep> group, int lastTool);
+
+// Compares what the user did with one instruction of the group. Positions may lie apart by its tolerance, a
+// picked row's by five times that; numbers agree to 4 decimals or a millionth. Empty: it fits. Else what was
+// wrong, and after a line end what was expected. radius: of the grain, mm.
+std::string LessonObjection(const LessonStep &expected, const Instruction &got, int lastTool, double radius);
+std::string MissingInput(const LessonStep &expected, int lastTool);
