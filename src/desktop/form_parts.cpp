@@ -6,6 +6,9 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 
 QHBoxLayout *RowLayout(int space) {
@@ -81,6 +84,25 @@ void AddFigures(QGridLayout &grid, Bindings &bindings, std::span<const FigurePla
     grid.setColumnStretch(place % columns, 1);
     ++place;
   }
+}
+
+QScrollArea *LowScroll(QWidget *content) {
+  auto *area = new QScrollArea;
+  area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidget(content);
+  return area;
+}
+
+void FitScroll(QScrollArea &area) {
+  constexpr QSize around(72, 210); // margins, words and buttons of the dialog
+  const QSize room = area.screen()->availableGeometry().size() - around;
+  const QSize whole = area.widget()->sizeHint();
+  const int bar = area.verticalScrollBar()->sizeHint().width();
+  QSize wanted = whole;
+  if (whole.height() > room.height()) wanted.rwidth() += bar;
+  if (whole.width() > room.width()) wanted.rheight() += bar;
+  area.setFixedSize(wanted.boundedTo(room));
 }
 
 void SetMark(QWidget &field, bool bad) {

@@ -8,6 +8,7 @@
 class QComboBox;
 class QGridLayout;
 class QPushButton;
+class QScrollArea;
 
 // What forms of many numbers are made of.
 
@@ -25,6 +26,9 @@ struct FigurePlace {
   const char *Caption, *Unit;
 };
 void AddFigures(QGridLayout &, Bindings &, std::span<const FigurePlace>, int columns);
+
+QScrollArea *LowScroll(QWidget *content); // of a dialog: a low or narrow screen scrolls it
+void FitScroll(QScrollArea &);            // to its content, or to what the screen leaves
 
 void SetMark(QWidget &field, bool bad);
 void MarkFields(Bindings &, const Screen &); // each field whose hint says what is wrong with it

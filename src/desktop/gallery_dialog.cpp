@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
@@ -146,7 +147,9 @@ FormDialog *MakeGallery(Sender send, QWidget *parent) {
   column->setContentsMargins(20, 20, 20, 16);
   column->setSpacing(14);
   auto *list = new GalleryView(bindings);
-  list->setMinimumSize(4 * (Tile + 40) + 30, 2 * (Tile + 90));
+  constexpr QSize around(40, 130); // margins and buttons
+  list->setMinimumSize(QSize(4 * (Tile + 40) + 30, 2 * (Tile + 90))
+                           .boundedTo(list->screen()->availableGeometry().size() - around));
   column->addWidget(list, 1);
   auto *note = Bind(bindings, Ctl::Gallery_Note, Quiet(new QLabel));
   note->setWordWrap(true);

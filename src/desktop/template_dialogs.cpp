@@ -9,6 +9,9 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <algorithm>
 
 namespace {
 constexpr int RowCount = 10;
@@ -29,9 +32,8 @@ FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
                        "it by now. A value may be a formula of the rows above it."));
   words->setWordWrap(true);
   column->addWidget(words);
-  auto *grid = new QGridLayout;
-  grid->setHorizontalSpacing(12);
-  grid->setVerticalSpacing(6);
+  auto *rows = new QWidget;
+  auto *grid = GridLayout(rows, 12, 6);
   grid->addWidget(Head("Name"), 0, 1);
   grid->addWidget(Head("Value"), 0, 2);
   for (int row = 0; row < RowCount; ++row) {
@@ -49,7 +51,8 @@ FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
     grid->addWidget(name, row + 1, 1);
     grid->addWidget(value, row + 1, 2);
   }
-  column->addLayout(grid);
+  auto *area = LowScroll(rows);
+  column->addWidget(area);
   auto *note = Bind(dialog->Controls, Ctl::Variable_Note, new QLabel);
   note->setWordWrap(true);
   note->setProperty("bad", true);
@@ -58,7 +61,10 @@ FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
   note->setMinimumHeight(2 * QFontMetrics(note->font()).height() + 4);
   column->addWidget(note);
   AddDialogButtons(*dialog, *column, Ctl::Variable_Next, Ctl::Variable_Cancel);
-  dialog->Follow = [dialog](const Screen &screen) { MarkFields(dialog->Controls, screen); };
+  dialog->Follow = [dialog, area](const Screen &screen) {
+    MarkFields(dialog->Controls, screen);
+    FitScroll(*area);
+  };
   return dialog;
 }
 
@@ -87,7 +93,7 @@ FormDialog *MakeTemplateFile(Sender send, QWidget *parent) {
   text->setReadOnly(true);
   text->setLineWrapMode(QPlainTextEdit::NoWrap);
   text->setAccessibleName("File");
-  text->setMinimumSize(640, 460);
+  text->setMinimumSize(640, std::min(460, dialog->screen()->availableGeometry().height() - 140));
   QFont even = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   even.setPointSizeF(TypeFont(Type::Small).pointSizeF());
   text->setFont(even);
@@ -108,7 +114,8 @@ FormDialog *MakePreview(Sender send, QWidget *parent) {
   auto *column = Column(*dialog);
   column->setContentsMargins(16, 16, 16, 16);
   column->setSpacing(12);
-  auto *picture = Bind(dialog->Controls, Ctl::GrainPic, new PictureView(600));
+  auto *picture = Bind(dialog->Controls, Ctl::GrainPic,
+                       new PictureView(std::min(600, dialog->screen()->availableGeometry().height() - 140)));
   column->addWidget(picture);
   auto *row = new QHBoxLayout;
   row->addStretch();

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSlider>
 
 namespace {
@@ -87,7 +88,9 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   Bindings &bindings = dialog->Controls;
   auto *column = Column(*dialog);
   column->setSpacing(14);
-  auto *halves = new QHBoxLayout;
+  auto *whole = new QWidget;
+  auto *halves = new QHBoxLayout(whole);
+  halves->setContentsMargins(0, 0, 0, 0);
   halves->setSpacing(28);
 
   auto *left = new QVBoxLayout;
@@ -138,7 +141,8 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   }
   right->addLayout(figures);
   halves->addLayout(right);
-  column->addLayout(halves);
+  auto *area = LowScroll(whole);
+  column->addWidget(area);
 
   auto *buttons = new QHBoxLayout;
   buttons->setSpacing(8);
@@ -166,6 +170,7 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
         field->setCursorPosition(0); // its beginning is to be read
     }
     head->setVisible(!screen[Ctl::Template_Head].Text.empty());
+    FitScroll(*area);
     picture->Copy(screen.Template_Picture, theme);
     chart->Copy(screen.Template_Chart, theme);
   };
