@@ -3,6 +3,7 @@
 #include "cli/exit_codes.h"
 #include "cli/export.h"
 #include "cli/import.h"
+#include "cli/lessons.h"
 #include "cli/mesh.h"
 #include "cli/motor.h"
 #include "cli/optimise.h"
@@ -96,6 +97,8 @@ int main(int argc, char **argv) {
   AddRender(app, render);
   TemplatesArguments templates;
   AddTemplates(app, templates);
+  LessonsArguments lessons;
+  AddLessons(app, lessons);
   OptimiseArguments optimise;
   AddOptimise(app, optimise);
   PlayArguments playing;
@@ -116,6 +119,7 @@ int main(int argc, char **argv) {
   if (app.got_subcommand("mesh")) return MeshCommand(mesh);
   if (app.got_subcommand("render")) return RenderCommand(render);
   if (app.got_subcommand("templates")) return TemplatesCommand(templates);
+  if (app.got_subcommand("lessons")) return LessonsCommand(lessons);
   if (app.got_subcommand("optimise")) return OptimiseCommand(optimise);
   if (app.got_subcommand("play")) return PlayCommand(playing);
   burn.HasDiameter = diameter->count() > 0;

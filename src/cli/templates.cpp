@@ -3,17 +3,14 @@
 #include "base/number_text.h"
 #include "base/whole_file.h"
 #include "cli/exit_codes.h"
+#include "cli/script_source.h"
 #include "macros/template_values.h"
 #include "macros/templates.h"
-#include "platform/scripted_screen.h"
-#include "shell/play_script.h"
-#include "shell/start_up.h"
 #include "shell/template_picture.h"
 #include "shell/work_folder.h"
 
 #include <CLI/App.hpp>
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
 #include <system_error>
@@ -91,62 +88,23 @@ int List(const TemplatesArguments &a) {
   return Done;
 }
 
-std::string PlaySource(const std::string &path, const std::string &folder, std::vector<MadeTemplate> &made) {
-  std::string text;
-  if (std::string trouble = ReadWhole(path, text); !trouble.empty()) return trouble;
-  ScriptedScreen screen;
-  Workbench bench(screen);
-  ScriptedTemplates templates;
-  BindScript(bench, screen, {.Templates = &templates, .Lessons = nullptr});
-  WriteWhole(folder + "IntroFile.txt", "1\r\n");
-  WorkFolders work;
-  work.AppDir = folder;
-  if (!StartUp(bench, work, ReadCommandLine({"Gd=40", "Gl=100", "Ea=0", "Eb=0", "Td=9"})))
-    return path + ": cannot start";
-  bench.Grain.Doc.SnapToGrid = 0;
-  screen.Lines = ReadScript(text);
-  PlayScript(screen);
-  if (!screen.Lines.Fault.empty()) return path + ": " + screen.Lines.Fault;
-  if (templates.Made.empty()) return path + ": no line \"template\" in it";
-  made.insert(made.end(), templates.Made.begin(), templates.Made.end());
-  return {};
-}
-
-// Work files of one run; the user's own are never touched.
-struct PrivateFolder {
-  std::string Path;
-  PrivateFolder() {
-    std::error_code problem;
-    std::string name = (fs::temp_directory_path(problem) / "morvandel-templates-XXXXXX").string();
-    if (!problem && mkdtemp(name.data())) Path = name + "/";
-  }
-  PrivateFolder(const PrivateFolder &) = delete;
-  PrivateFolder &operator=(const PrivateFolder &) = delete;
-  ~PrivateFolder() {
-    std::error_code none;
-    if (!Path.empty()) fs::remove_all(Path, none);
-  }
-};
-
 int Make(const TemplatesArguments &a) {
   if (a.Folder.empty()) return Fail(BadUse, "--make: expected --folder too, for what is made");
-  std::vector<std::string> sources;
-  std::error_code failed;
-  for (fs::directory_iterator it(a.Make, failed), end; !failed && it != end; it.increment(failed))
-    if (it->path().extension() == ".txt") sources.push_back(it->path().string());
+  const std::vector<std::string> sources = ScriptSources(a.Make);
   if (sources.empty()) return Fail(BadUse, a.Make + ": there are no scripts in it");
-  std::sort(sources.begin(), sources.end());
   const TemplateFolders folders = Chosen(a.Folder);
-  std::vector<MadeTemplate> made;
+  ScriptedTemplates templates;
   for (const std::string &source : sources) {
-    const PrivateFolder work;
-    if (work.Path.empty()) return Fail(BadUse, "no folder for work files can be made");
-    if (std::string trouble = PlaySource(source, work.Path, made); !trouble.empty())
+    const std::size_t before = templates.Made.size();
+    if (std::string trouble = PlaySource(source, {.Templates = &templates, .Lessons = nullptr});
+        !trouble.empty())
       return Fail(Refused, trouble);
+    if (templates.Made.size() == before) return Fail(Refused, source + ": no line \"template\" in it");
   }
+  std::error_code failed;
   fs::create_directories(folders.Template, failed);
   std::vector<TemplateEntry> list;
-  for (const MadeTemplate &m : made) {
+  for (const MadeTemplate &m : templates.Made) {
     std::string trouble = WriteMacFile(folders.Template + WithMacEnding(m.Key), m.Mac);
     if (trouble.empty()) trouble = WriteTemplatePicture(folders, m.Key, m.Mac);
     if (!trouble.empty()) return Fail(BadUse, trouble);

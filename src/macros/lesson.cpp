@@ -20,13 +20,13 @@ struct LessonSaved {
 };
 
 namespace {
-constexpr int Silent = 2, Playing = 4, RotationDrawTool = 97;
+constexpr int Playing = 4;
 
 bool OfDrawing(int kind) { return kind != LessonGrain && kind != LessonPress; }
 
 int ToolAt(const LessonPlay &play, std::size_t before) {
   for (std::size_t i = before; i-- > 0;)
-    if (const int kind = play.Log[i].PointArea; kind == RotationDrawTool || FindCommand(kind)) return kind;
+    if (IsLessonTool(play.Log[i].PointArea)) return play.Log[i].PointArea;
   return 0;
 }
 
@@ -50,7 +50,7 @@ std::string PutGrain(const LessonPlay &play, GrainDoc &doc) {
 // The drawing as the steps before Next make it.
 std::string DrawToNext(LessonPlay &play, Drafting &d) {
   d.Log.On = false;
-  d.Grain.MacroMode = Silent;
+  d.Grain.MacroMode = Playing;
   LeaveCommand(d);
   MacFile mac;
   mac.Start = play.What.Start;
@@ -66,7 +66,6 @@ std::string DrawToNext(LessonPlay &play, Drafting &d) {
       trouble = InstructionFault(number, play.Log[number], trouble);
     }
   }
-  d.Grain.MacroMode = Playing;
   d.Log = {};
   d.Log.On = true;
   d.Answers.clear();
@@ -128,7 +127,7 @@ void EndLesson(LessonPlay &play, Drafting &d) {
 
 bool LessonDone(const LessonPlay &play) { return play.Next >= play.Log.size(); }
 
-std::string LessonPrompt(const LessonPlay &play, const Drafting &) {
+std::string LessonPrompt(const LessonPlay &play) {
   return LessonDone(play) ? "" : LessonMessage(Group(play, play.Next), ToolAt(play, play.Next));
 }
 

@@ -26,7 +26,7 @@ std::string BeginLesson(LessonPlay &, Drafting &, const Lesson &, std::size_t fr
 void EndLesson(LessonPlay &, Drafting &); // the user's own design and tools are back
 
 bool LessonDone(const LessonPlay &);
-std::string LessonPrompt(const LessonPlay &, const Drafting &); // what the user is asked for; empty when done
+std::string LessonPrompt(const LessonPlay &); // what the user is asked for; empty when done
 
 struct LessonAnswer {
   enum class Kind : std::uint8_t { Nothing, Good, Wrong } What = Kind::Nothing;

@@ -191,6 +191,8 @@ bool SameKind(const Instruction &expected, const Instruction &got) {
 }
 } // namespace
 
+bool IsLessonTool(int kind) { return kind == RotationDrawTool || FindCommand(kind) != nullptr; }
+
 std::size_t GroupEnd(std::span<const LessonStep> step, std::size_t first) {
   if (first >= step.size()) return step.size();
   std::size_t end = first + 1;
@@ -208,7 +210,7 @@ std::string LessonMessage(std::span<const LessonStep> group, int lastTool) {
     const Instruction &step = group[i].Expected;
     if (i == 0 && !group[i].Message.empty()) return group[i].Message;
     text += (i > 0 ? ". " : "") + Asked(step, lastTool);
-    if (FindCommand(step.PointArea) || step.PointArea == RotationDrawTool) lastTool = step.PointArea;
+    if (IsLessonTool(step.PointArea)) lastTool = step.PointArea;
   }
   return text;
 }
@@ -217,7 +219,7 @@ std::string LessonObjection(const LessonStep &expected, const Instruction &got, 
   const Instruction &want = expected.Expected;
   const std::string asked = Asked(want, lastTool);
   const auto wrong = [&](const char *what) { return std::string(what) + "\n" + asked; };
-  if (!SameKind(want, got)) return wrong(WrongKind(want.PointArea));
+  if (!SameKind(want, got)) return wrong(IsAccept(want) ? "Wrong Input!" : WrongKind(want.PointArea));
   const double near = expected.Tolerance > 0 ? expected.Tolerance : radius / 50;
   if (IsPlace(want.PointArea)) {
     if (want.PointArea == LogClick && (want.Value3 == BackButton) != (got.Value3 == BackButton))
