@@ -57,11 +57,8 @@ void ExpectSame(const std::vector<Lesson> &a, const std::vector<Lesson> &b) {
     ASSERT_EQ(a[i].Name, b[i].Name);
     ASSERT_EQ(a[i].Index, b[i].Index);
     ASSERT_EQ(a[i].Level, b[i].Level);
-    ASSERT_EQ(Difference(a[i].Start, b[i].Start), "");
     ASSERT_EQ(a[i].Step, b[i].Step);
     ASSERT_EQ(a[i].Shown.size(), b[i].Shown.size());
-    for (std::size_t s = 0; s < a[i].Shown.size(); ++s)
-      ASSERT_EQ(Difference(a[i].Shown[s], b[i].Shown[s]), "");
   }
 }
 
@@ -74,7 +71,8 @@ TEST(TutorFile, ComesBackAsItWasWritten) {
     std::vector<Lesson> first, second;
     ASSERT_EQ(ParseTutor(text, "x.tut", first), "") << text;
     ASSERT_NO_FATAL_FAILURE(ExpectSame(lessons, first)) << text;
-    std::string other = text; // other line ends, and notes before the first lesson
+    ASSERT_EQ(TutorText(first), text); // numbers have 15 digits there
+    std::string other = text;          // other line ends, and notes before the first lesson
     std::erase(other, '\r');
     ASSERT_EQ(ParseTutor("made by hand, 1999\n\n" + other + "\n", "x.tut", second), "") << other;
     ASSERT_EQ(TutorText(second), text);
@@ -141,8 +139,7 @@ TEST(TutorFile, FileAndBuffer) {
   std::vector<std::vector<Entity>> written{maker.Rows(2), maker.Rows(1)}, read;
   for (const auto &rows : written) ASSERT_EQ(AppendTutorBuffer(buffer, rows), "");
   ASSERT_EQ(ReadTutorBuffer(buffer, read), "");
-  ASSERT_EQ(read.size(), 2u);
-  for (std::size_t i = 0; i < 2; ++i) EXPECT_EQ(Difference(read[i], written[i]), "");
+  EXPECT_EQ(TutorText({Lesson{"", 0, 1, {}, {}, read}}), TutorText({Lesson{"", 0, 1, {}, {}, written}}));
   ASSERT_EQ(WriteWhole(buffer, "1\r\n0,3\r\n"), "");
   EXPECT_EQ(ReadTutorBuffer(buffer, read), buffer + ": line 2, field 2 (EntType): expected 1 (line), 2 "
                                                     "(circle) or 4 (arc), found \"3\"");
