@@ -38,9 +38,10 @@ IngredientPicker::IngredientPicker(Bindings &bindings, Ctl self)
   auto *list = new QCompleter(Offer, this);
   list->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
   list->setMaxVisibleItems(12);
-  // Else its closing may give the keys back to this field after they went on to the next.
-  list->popup()->setWindowFlag(Qt::WindowDoesNotAcceptFocus);
   setCompleter(list);
+  // The window system may make the list the active window late, when it has closed: it must not send the keys
+  // back here after they went on to the next field.
+  list->popup()->setFocusProxy(nullptr);
   list->popup()->setItemDelegate(new OfferLine(list->popup())); // the completer sets its own before
   connect(list, qOverload<const QString &>(&QCompleter::activated), this,
           [this](const QString &name) { Choose(name); });
