@@ -85,11 +85,11 @@ bool MacroRecord(Workbench &bench, TutorRecording &rec) {
     return false;
   }
   RemoveBuffer(bench);
+  rec = {};
+  rec.Own = bench.Grain;
   const Answer keep =
       bench.Out.Ask({"Save Current Entities for Macro Startup?", Title, Buttons::YesNo, Icon::Question});
   if (keep != Answer::Yes) bench.Grain.Table.EntCount = -1;
-  rec = {};
-  rec.SavedFlag = bench.Grain.SavedFlag;
   rec.KeepWork = std::exchange(bench.Draft.KeepWork, {});
   BeginLessonRecording(rec.Lesson, bench.Draft, head);
   rec.Told = bench.Draft.Log.Row.size();
@@ -133,9 +133,7 @@ bool MacroStop(Workbench &bench, TutorRecording &rec) {
     return false;
   }
   EndLessonRecording(rec.Lesson, bench.Draft);
-  trouble = RecoverWorkFile(WorkFile(bench), bench.Grain);
-  if (!trouble.empty()) Tell(bench, trouble);
-  bench.Grain.SavedFlag = rec.SavedFlag;
+  bench.Grain = rec.Own;
   bench.Draft.KeepWork = std::exchange(rec.KeepWork, {});
   ++bench.Draft.Changes;
   RefreshDrafting(bench.Draft);

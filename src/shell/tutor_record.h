@@ -11,12 +11,12 @@ struct TutorRecording {
   LessonRecording Lesson;
   std::size_t Told = 0;           // log rows whose message was asked for
   std::function<void()> KeepWork; // recovery files are those of the design that is put aside
-  bool SavedFlag = true;
+  Design Own;                     // the user's, while the lesson is recorded
 };
 
 std::string TutorPath(const Workbench &);        // "Tutor Macros.tut" of this user
 bool MacroRecord(Workbench &, TutorRecording &); // asks for the head; false: called off
 void AskMessages(Workbench &, TutorRecording &); // after an event: a message to each new input
 void MacroPause(Workbench &, TutorRecording &);  // keeps the drawing as it is in TutorEntBuffer.tmp
-// Adds the lesson to the file; the design is as it was before. False: it could not be written, and goes on.
+// Adds the lesson to the file; the user's own design is back. False: it could not be written, and goes on.
 bool MacroStop(Workbench &, TutorRecording &);

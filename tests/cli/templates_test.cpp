@@ -8,6 +8,24 @@
 namespace {
 
 using Templates = Program;
+using LessonFiles = Program;
+
+TEST_F(LessonFiles, AreMadeAndListed) {
+  ASSERT_EQ(Run("lessons l.tut --make '" TEST_SOURCE "/data/lesson_sources'"), 0) << Err;
+  ASSERT_EQ(Run("lessons l.tut"), 0) << Err;
+  EXPECT_EQ(Out.find("1 The first circle (starting)\n"), 0u) << Out;
+  EXPECT_NE(Out.find("\n9 "), std::string::npos);
+  EXPECT_EQ(Run("lessons none.tut"), 2);
+  EXPECT_EQ(Err, "Can't Find Tutor File none.tut: there is no such file\n");
+  Write("bad.tut", "\"Next Macro\"\r\n\"x\"\r\n1\r\n4\r\n");
+  EXPECT_EQ(Run("lessons bad.tut"), 2);
+  EXPECT_EQ(Err,
+            "Unfortunately an Error was encounted reading the Tutor file bad.tut: line 4, field 1 (level): "
+            "expected a whole number from 1 to 3, found \"4\"\n");
+  Write("a.txt", "cmd 1\n");
+  EXPECT_EQ(Run("lessons m.tut --make ."), 1);
+  EXPECT_EQ(Err, "./a.txt: no line \"endlesson\" in it\n");
+}
 
 TEST_F(Templates, AreListedAndPlayed) {
   ASSERT_EQ(Run("templates"), 0) << Err;
