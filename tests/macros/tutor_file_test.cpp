@@ -86,7 +86,7 @@ TEST(TutorFile, BrokenOnesAreToldAndReplaceNothing) {
     maker.Luck.seed(static_cast<unsigned>(Seed()) + static_cast<unsigned>(round));
     std::string text = TutorText(maker.Lessons());
     if (text.empty()) continue;
-    for (int hits = 1 + maker.Below(3); hits > 0; --hits) {
+    for (int hits = 1 + maker.Below(3); hits > 0 && !text.empty(); --hits) {
       const auto at = static_cast<std::size_t>(maker.Below(static_cast<int>(text.size())));
       switch (maker.Below(5)) {
       case 0: text.resize(at + 1); break;
