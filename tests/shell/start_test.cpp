@@ -23,7 +23,7 @@ TEST_F(Journey, FiveKeysSkipTheDialog) {
           expect text frmMain Morvandel -
           expect visible Empty_Hint
           expect hidden MyChart1_Frame
-          expect disabled Empty_Template)");
+          expect enabled Empty_Template)");
 }
 
 TEST_F(Journey, DimensionsDialogByKeyboard) {
