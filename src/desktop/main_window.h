@@ -25,8 +25,8 @@ public:
   void Tell(const QString &text, const char *icon); // without stopping the user
   WindowPlace Place();
   void Restore(const WindowPlace &);
-  QString OpenPicture(); // the 3D view is about to be shown: the trouble, or empty
-  QImage Picture();      // of the 3D view; empty when there is none
+  QString OpenPicture();  // the 3D view is about to be shown: the trouble, or empty
+  QImage Picture();       // of the 3D view; empty when there is none
   QWidget *WindowOf(Ctl); // the one of ours that holds it and is open, else this
   QWidget *FocusOn(Ctl);  // brings its window to the front; null: it is in none of them
   Bindings Controls;

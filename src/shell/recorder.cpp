@@ -76,8 +76,8 @@ void NotePicture(Workbench &bench, const Event &event) {
     if (!r.Held) r.Held = event;
   } else if (event.What == Event::Kind::MouseUp && r.Held) {
     const bool turn = r.Held->Button == LeftButton && (r.Held->Shift & 1) == 0;
-    Add(bench, (turn ? "drag " : "pan ") + At(r.Held->X, r.Held->Y) + " " + At(event.X, event.Y) +
-                   " in Picture1");
+    Add(bench,
+        (turn ? "drag " : "pan ") + At(r.Held->X, r.Held->Y) + " " + At(event.X, event.Y) + " in Picture1");
     r.Held.reset();
   } else if (event.What == Event::Kind::Wheel) {
     Add(bench, "wheel " + At(event.X, event.Y) + fmt::format(" {} in Picture1", event.Notches));

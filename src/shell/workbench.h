@@ -10,8 +10,8 @@
 #include "shell/pep.h"
 #include "shell/pressure.h"
 #include "shell/recent_files.h"
-#include "shell/view3d.h"
 #include "shell/template_state.h"
+#include "shell/view3d.h"
 #include "shell/work_folder.h"
 
 #include <optional>

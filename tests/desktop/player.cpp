@@ -303,8 +303,8 @@ Outcome State(const QString &verb, const QString &name) {
 // Letters and digits into each field the tool shows; then they stand there and the tool still runs.
 Outcome Letters(Player &player, int tool) {
   const QString letters = "az09";
-  for (const char *name : {"Answer", "X_Input", "Y_Input", "BoxWidth", "BoxHeight", "PolySides",
-                           "PolyRadius", "PolyRotate"}) {
+  for (const char *name :
+       {"Answer", "X_Input", "Y_Input", "BoxWidth", "BoxHeight", "PolySides", "PolyRadius", "PolyRotate"}) {
     const auto *field = FindIn<QLineEdit>(name);
     if (!field || !field->isVisible()) continue;
     if (const Outcome typed = TypeText(player, name, letters); typed.What != Step::Done) return typed;
