@@ -74,12 +74,15 @@ bool Over(const Hunt &hunt) {
   return hunt.Trials >= hunt.Asked.MostTrials || past.count() >= hunt.Asked.Seconds;
 }
 
+// Within the range, and no finer than a millionth of it: what is told is what was tried.
+double Fit(const SearchRange &range, double value) {
+  if (range.Whole) return std::clamp(std::round(value), std::ceil(range.Least), std::floor(range.Most));
+  const double power = std::pow(10, 6 - std::floor(std::log10(range.Most - range.Least)));
+  return std::clamp(std::round(value * power) / power, range.Least, range.Most);
+}
+
 const SearchTrial &Try(Hunt &hunt, std::vector<double> value) {
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const SearchRange &range = hunt.Asked.Range[i];
-    if (range.Whole) value[i] = std::round(value[i]);
-    value[i] = std::clamp(value[i], range.Least, range.Most);
-  }
+  for (std::size_t i = 0; i < value.size(); ++i) value[i] = Fit(hunt.Asked.Range[i], value[i]);
   if (!hunt.Last.Value.empty() && hunt.Last.Value == value) return hunt.Last; // asked by each rule in turn
   if (Over(hunt)) throw nlopt::forced_stop();
   Design design;
@@ -209,9 +212,13 @@ bool Descend(Hunt &hunt, nlopt::algorithm algorithm, bool rules, int trials) {
 std::string CheckSearch(const Search &search) {
   if (search.Template.Varies.empty()) return "nothing varies: name a variable and its range";
   if (std::string trouble = CheckVaried(search.Template); !trouble.empty()) return trouble;
-  for (std::size_t i = 0; i < search.Range.size(); ++i)
-    if (const SearchRange &range = search.Range[i]; !(range.Least < range.Most))
+  for (std::size_t i = 0; i < search.Range.size(); ++i) {
+    const SearchRange &range = search.Range[i];
+    if (!(range.Least < range.Most) || !std::isfinite(range.Most - range.Least))
       return search.Template.Varies[i] + ": expected a range from a lower to a higher value";
+    if (range.Whole && !(std::ceil(range.Least) < std::floor(range.Most)))
+      return search.Template.Varies[i] + ": expected a range that holds two whole numbers";
+  }
   std::string trouble = CheckFigure(search.Figure);
   for (const SearchRule &rule : search.Rule)
     if (trouble.empty()) trouble = CheckFigure(rule.Figure);
@@ -274,6 +281,11 @@ SearchTrial RunSearch(const Search &search, const std::function<bool(const Searc
   for (std::size_t i = 0; i < search.Range.size(); ++i)
     if (!search.Range[i].Whole) hunt.Free.push_back(i);
   const int count = static_cast<int>(search.Range.size()) + 1;
+  try {
+    if (!search.Start.empty()) Try(hunt, search.Start);
+  } catch (const nlopt::forced_stop &) {
+    return hunt.Best;
+  }
   constexpr int UselessRounds = 6; // in a row, then it is enough
   int useless = 0;
   for (std::uint64_t round = 0; useless < UselessRounds; ++round) {

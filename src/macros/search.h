@@ -23,6 +23,7 @@ struct SearchRule { // a figure that is to be kept
 struct Search {
   TemplateTrials Template;
   std::vector<SearchRange> Range; // of each name that varies
+  std::vector<double> Start;      // values to try first; empty: none
   Propellant Fuel;
   bool TopEnd = true;
   std::string Figure; // a key of named_figures

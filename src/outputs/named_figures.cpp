@@ -36,6 +36,27 @@ std::vector<NamedFigure> NamedMotorFigures(const MotorFigures &f) {
           {"chart_burn_time_s", OrNull(f.ChartBurnTime > 0, f.ChartBurnTime)}};
 }
 
+std::span<const FigureWords> AllFigureWords() {
+  static constexpr FigureWords all[] = {{"neutrality", "Neutrality", "%", 100},
+                                        {"volume_loading", "Volume loading", "%", 100},
+                                        {"sliver_fraction", "Sliver", "%", 100},
+                                        {"max_kn", "Max Kn", "", 1, true},
+                                        {"ap_at", "Ap/At", "", 1, true},
+                                        {"max_burn_area_mm2", "Max area", "cm\u00b2", 0.01},
+                                        {"web_mm", "Web", "mm"},
+                                        {"burn_end_mm", "Burns out at", "mm"},
+                                        {"propellant_volume_mm3", "Propellant volume", "cm\u00b3", 1e-3},
+                                        {"burn_time_s", "Burn time", "s", 1, true},
+                                        {"peak_pressure_mpa", "Peak pressure", "MPa", 1, true},
+                                        {"mean_pressure_mpa", "Mean pressure", "MPa", 1, true},
+                                        {"peak_thrust_n", "Peak thrust", "N", 1, true},
+                                        {"mean_thrust_n", "Mean thrust", "N", 1, true},
+                                        {"total_impulse_ns", "Total impulse", "N s", 1, true},
+                                        {"propellant_mass_g", "Propellant mass", "g", 1, true},
+                                        {"delivered_isp_s", "Delivered Isp", "s", 1, true}};
+  return all;
+}
+
 std::string JsonText(const std::vector<NamedFigure> &figures) {
   std::string text = "{\n";
   for (const NamedFigure &f : figures)

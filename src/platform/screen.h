@@ -121,6 +121,13 @@ public:
     work();
     done();
   }
+  // Long work beside them that calls `tell` as it gets on: `news` then runs where `done` will, once for many
+  // calls that come in a short time.
+  virtual void StartSearch(std::function<void(const std::function<void()> &tell)> work,
+                           std::function<void()> news, std::function<void()> done) {
+    work(news);
+    done();
+  }
   // The same for the diagnosis, which overtakes no curve and waits for none.
   virtual void StartDiagnosis(std::function<void()> work, std::function<void()> done) {
     work();

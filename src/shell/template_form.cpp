@@ -2,7 +2,8 @@
 
 #include "base/number_text.h"
 #include "macros/template_values.h"
-#include "shell/template_trial.h"
+#include "shell/template_rows.h"
+#include "shell/template_search.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,107 +11,12 @@
 
 namespace {
 constexpr int EnterKey = 13, EscapeKey = 27, UpKey = 38, DownKey = 40;
-constexpr int SliderSteps = 1000; // of a slider that does not go by whole numbers
 constexpr const char *PromptDefault = "Edit Prompts here:";
-
-int RowAmong(Ctl control, Ctl first) { // -1: none of them
-  const int row = static_cast<int>(control) - static_cast<int>(first);
-  return row >= 0 && row < TemplateRows ? row : -1;
-}
-
-std::size_t At(int row) { return static_cast<std::size_t>(row); }
-
-// The grain's two dimensions as variables: half to twice what they are.
-TemplateVariable DimensionRow(int row, double value) {
-  TemplateVariable v;
-  v.Row = row;
-  v.Name = row == 0 ? "GRAINDIAMETER" : "GRAINLENGTH";
-  v.Prompt = row == 0 ? "Grain diameter" : "Grain length";
-  v.Unit = "mm";
-  v.Value = value;
-  v.Least = value / 2;
-  v.Most = value * 2;
-  return v;
-}
-
-std::optional<TemplateVariable> VariableOf(const TemplateAsking &ask, int row) {
-  if (row == 0) return DimensionRow(0, RecordedDiameter(ask.Mac));
-  if (row == 1) return DimensionRow(1, ask.Mac.Variables.Row[1].Value);
-  for (const TemplateVariable &v : ask.Variable)
-    if (v.Row == row) return v;
-  return std::nullopt;
-}
-
-// As many decimals as the range's thousandth needs.
-std::string SliderText(const TemplateVariable &v, double value) {
-  const double step = (v.Most - v.Least) / SliderSteps;
-  const double digits = v.Whole || !(step > 0) ? 0 : std::clamp(std::ceil(-std::log10(step)), 0.0, 6.0);
-  const double power = std::pow(10, digits);
-  return PlainText(std::round(value * power) / power);
-}
-
-double SpinStep(const TemplateVariable &v) { // 1, 2 or 5 times a power of ten, about a hundredth of the range
-  if (v.Whole) return 1;
-  const double rough = (v.Most - v.Least) / 100;
-  if (!(rough > 0) || !std::isfinite(rough)) return 1;
-  const double power = std::pow(10, std::floor(std::log10(rough)));
-  return (rough / power < 1.5 ? 1 : rough / power < 3.5 ? 2 : rough / power < 7.5 ? 5 : 10) * power;
-}
-
-std::optional<double> ValueOf(const TemplateAsking &ask, int row) {
-  if (row == 0) return ask.Doc.GrainDiam;
-  if (row == 1) return static_cast<double>(ask.Doc.GrainLength);
-  const double value = ask.Values.Row[At(row)].Value;
-  return value > 0 ? std::optional(value) : std::nullopt;
-}
-
-void ShowSlider(Screen &out, const TemplateVariable &v, double value) {
-  Control &slider = out[TemplateControl(Ctl::Variable_Slider0, v.Row)];
-  constexpr double mostWhole = 1e6;
-  slider.Least = v.Whole ? std::clamp(v.Least, 0.0, mostWhole) : 0;
-  slider.Most = v.Whole ? std::clamp(v.Most, 0.0, mostWhole) : SliderSteps;
-  const double place = v.Whole ? value : (value - v.Least) / (v.Most - v.Least) * SliderSteps;
-  slider.Text =
-      std::to_string(std::isfinite(place) ? std::lround(std::clamp(place, slider.Least, slider.Most)) : 0);
-}
-
-std::string UnitText(const TemplateVariable &v) {
-  const std::string range = SliderText(v, v.Least) + " to " + SliderText(v, v.Most);
-  return v.Unit.empty() ? range : v.Unit + ", " + range;
-}
-
-void ShowRows(Workbench &bench) {
-  Screen &out = bench.Out;
-  TemplateAsking &ask = bench.Template.Ask;
-  for (int row = 0; row < TemplateRows; ++row) {
-    const auto v = VariableOf(ask, row);
-    for (const Ctl first : {Ctl::Prompt0, Ctl::VariableName0, Ctl::Variable_Slider0, Ctl::Variable_Unit0})
-      out[TemplateControl(first, row)].Visible = v.has_value();
-    if (!v) continue;
-    const bool own = row >= FirstUserVariable;
-    out[TemplateControl(Ctl::VariableName0, row)].Text = ask.Answer[At(row)];
-    out[TemplateControl(Ctl::Variable_Unit0, row)].Text =
-        (ask.Prompts && own ? v->Name + ": " : "") + UnitText(*v);
-    out[TemplateControl(Ctl::Prompt0, row)].Enabled = ask.Prompts && own;
-    for (const Ctl first : {Ctl::VariableName0, Ctl::Variable_Slider0})
-      out[TemplateControl(first, row)].Enabled = own || !ask.Prompts;
-    if (!ask.Prompts || !own)
-      out[TemplateControl(Ctl::Prompt0, row)].Text = v->Prompt.empty() ? v->Name : v->Prompt;
-    if (const auto value = ValueOf(ask, row)) ShowSlider(out, *v, *value);
-  }
-}
-
-// With another diameter lengths that nobody has touched follow it, and so do the ranges.
-void FollowDiameter(TemplateAsking &ask) {
-  ask.Variable = TemplateVariables(ask.Mac, ask.Doc.GrainDiam);
-  for (const TemplateVariable &v : ask.Variable)
-    if (!ask.Touched[At(v.Row)]) ask.Answer[At(v.Row)] = PlainText(v.Value);
-}
 
 void Change(Workbench &bench, int row, const std::string &text) {
   TemplateAsking &ask = bench.Template.Ask;
-  ask.Answer[At(row)] = text;
-  ask.Touched[At(row)] = true;
+  ask.Given.Answer[At(row)] = text;
+  ask.Given.Touched[At(row)] = true;
   ask.Changed = row;
   if (row == 0 && EvaluateAnswers(bench)) FollowDiameter(ask);
   TryAnswers(bench);
@@ -120,8 +26,7 @@ void Change(Workbench &bench, int row, const std::string &text) {
 void Slide(Workbench &bench, int row, double place) {
   const auto v = VariableOf(bench.Template.Ask, row);
   if (!v) return;
-  const double value = v->Whole ? place : v->Least + (v->Most - v->Least) * place / SliderSteps;
-  Change(bench, row, SliderText(*v, value));
+  Change(bench, row, SliderText(*v, ValueAtSlider(*v, place)));
 }
 
 void Spin(Workbench &bench, int row, int by) {
@@ -151,6 +56,7 @@ void Refuse(Workbench &bench, std::string words) {
 
 void Accept(Workbench &bench) {
   TemplateAsking &ask = bench.Template.Ask;
+  StopSearch(bench);
   if (!EvaluateAnswers(bench)) {
     ShowTrial(bench);
     return Refuse(bench, ask.Trouble);
@@ -180,8 +86,8 @@ void ShowPreview(Workbench &bench) {
 bool RunForm(Workbench &bench) {
   Screen &out = bench.Out;
   TemplateAsking &ask = bench.Template.Ask;
-  ask.Answer[0] = PlainText(ask.Doc.GrainDiam);
-  ask.Answer[1] = PlainText(ask.Doc.GrainLength);
+  ask.Given.Answer[0] = PlainText(ask.Doc.GrainDiam);
+  ask.Given.Answer[1] = PlainText(ask.Doc.GrainLength);
   FollowDiameter(ask);
   const char *caption = bench.Grain.DebugMode ? "Preview(DebugMode)" : "Preview";
   out[Ctl::Template_Preview].Text = out[Ctl::PreviewForm].Text = caption;
@@ -190,12 +96,14 @@ bool RunForm(Workbench &bench) {
   out.Template_Picture = {};
   out.Template_Chart = {};
   TryAnswers(bench);
+  OfferSearch(bench);
   ShowRows(bench);
   out[Ctl::TemplateForm].Visible = true;
   out.Focus = TemplateControl(ask.Prompts ? Ctl::Prompt0 : Ctl::VariableName0,
                               ask.Variable.empty() ? 0 : ask.Variable.front().Row);
   out.RunModal(Form::TemplateValues);
   out[Ctl::TemplateForm].Visible = false;
+  StopSearch(bench);
   ++ask.Number; // what is under way comes too late
   return ask.Accepted;
 }
@@ -289,6 +197,7 @@ bool AskPrompts(Workbench &bench, const std::string &name, MacFile &mac) {
 }
 
 void TemplateFormEvent(Workbench &bench, const Event &event) {
+  if (SearchEvent(bench, event)) return;
   switch (event.What) {
   case Event::Kind::Close: bench.Out[Ctl::TemplateForm].Visible = false; return;
   case Event::Kind::Key: return Key(bench, event);

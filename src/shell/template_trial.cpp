@@ -17,7 +17,9 @@ constexpr std::pair<Ctl, BurnFigure> Figures[] = {{Ctl::Template_FirstKn, BurnFi
                                                   {Ctl::Template_Loading, BurnFigure::Loading}};
 constexpr const char *ZeroWords = "ERROR: All dimensional parameters must contain a value higher than zero!";
 
-std::string &AnswerOf(TemplateAsking &ask, int row) { return ask.Answer[static_cast<std::size_t>(row)]; }
+std::string &AnswerOf(TemplateAsking &ask, int row) {
+  return ask.Given.Answer[static_cast<std::size_t>(row)];
+}
 
 std::string NameOf(const TemplateAsking &ask, int row) {
   if (row == 0) return "GRAINDIAMETER";
