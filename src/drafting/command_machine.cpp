@@ -188,7 +188,7 @@ void ClickHeld(Drafting &d, Point at) {
     for (int i = 0; i <= rows.EntCount; ++i) RowAt(d.Grain.Table, i).Selected = RowAt(rows, i).Selected;
   }
   if (d.Grain.GeomAbort && d.Changes == changes && (d.Cmd.CmdNo == before.CmdNo || d.Cmd.CmdNo == 0)) {
-    d.Log.Row.resize(std::min(logged, d.Log.Row.size()));
+    CutLog(d.Log, logged);
     if (d.Log.On) d.Grain.Defaults = defaults; // values typed with it were logged with it
   }
   d.Log.Place = {};
@@ -415,12 +415,12 @@ void PutBack(Drafting &d, bool (*change)(Drafting &)) {
 } // namespace
 
 void UndoChange(Drafting &d) {
-  LogInput(d, LogUndo);
-  PutBack(d, [](Drafting &x) { return Undo(x.Ring, x.Grain.Table, x.Play.Undoes ? 0 : x.Grain.MacroMode); });
+  if (d.Log.On) return d.TakeBack ? d.TakeBack(d, false) : void();
+  PutBack(d, [](Drafting &x) { return Undo(x.Ring, x.Grain.Table, x.Grain.MacroMode); });
 }
 
 void RedoChange(Drafting &d) {
-  LogInput(d, LogRedo);
+  if (d.Log.On) return d.TakeBack ? d.TakeBack(d, true) : void();
   PutBack(d, [](Drafting &x) { return Redo(x.Ring, x.Grain.Table); });
 }
 

@@ -63,7 +63,7 @@ bool Apply(Drafting &d, const Solution &solution, std::string_view name) {
   }
   const CommandRow *row = FindCommand(d.Cmd.CmdNo);
   if (name.empty()) name = row ? RowOf(row->Button).Text : "Delete"; // idle, a key deletes
-  TakeSnapshot(d.Ring, before, d.Play.Undoes ? 0 : grain.MacroMode, name);
+  TakeSnapshot(d.Ring, before, grain.MacroMode, name);
   ++d.Changes;
   ClearMarks(d);
   grain.SavedFlag = false;

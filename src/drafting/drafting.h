@@ -120,8 +120,8 @@ struct TypedPoint {
 
 // While a log is delivered: what stands in for the user.
 struct Replay {
-  bool On = false, Undoes = false; // Undoes: the log takes steps back, the ring is kept
-  std::vector<double> Answer;      // to the questions of this input, in order
+  bool On = false;
+  std::vector<double> Answer; // to the questions of this input, in order
   std::size_t Taken = 0;
   bool Unanswered = false;       // a question found none
   int Row = -1, RowType = 0;     // the row picked when it was recorded, and its EntType
@@ -163,8 +163,9 @@ struct Drafting {
   InstructionLog Log{};
   std::vector<AnswerGiven> Answers{};
   Replay Play{};
-  std::function<void()> KeepWork{};   // writes the recovery file
-  std::function<void()> MarkFaults{}; // adds to the drawing, anew, what is amiss with it
+  std::function<void()> KeepWork{};                       // writes the recovery file
+  std::function<void(Drafting &, bool again)> TakeBack{}; // undo, or redo, while a log is filled
+  std::function<void()> MarkFaults{};                     // adds to the drawing, anew, what is amiss with it
   PropertyEdit Edit{};
   Point Pointer{};              // of the last move or press over the panel, mm
   bool NoSnap = false;          // Alt was held then: neither grid nor tracker

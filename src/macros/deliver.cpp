@@ -190,8 +190,6 @@ std::string Route(Drafting &d, const Instruction &step) {
   case LogYInput: return TypeY(d, step.Value1);
   case LogPolyOption: return Press(d, step.Value1 == 0 ? Ctl::PolyFlat : Ctl::PolyCorner);
   case LogEscape: Escape(d); return {};
-  case LogUndo: UndoChange(d); return {};
-  case LogRedo: RedoChange(d); return {};
   case LogDeleteKey: DeleteKey(d); return {};
   case LogProperty:
     return PlayProperty(d, static_cast<int>(std::clamp(step.Value1, -1.0, 99.0)), step.Value2,
@@ -232,4 +230,10 @@ std::string Deliver(Drafting &d, const Instruction &step, const std::vector<doub
   d.Answers.clear();
   play.On = on;
   return trouble;
+}
+
+Ctl ButtonOfKind(int kind) {
+  const auto *row =
+      std::find_if(std::begin(Presses), std::end(Presses), [&](const PressRow &p) { return p.Kind == kind; });
+  return row == std::end(Presses) ? Ctl::Count : row->Button;
 }

@@ -36,8 +36,6 @@ enum InstructionKind : int {
   LogDeleteRotation = 181,
   LogDeactivateRDraw = 182,
   LogEscape = 190,
-  LogUndo = 191,
-  LogRedo = 192,
   LogDeleteKey = 193, // in a command that selects; while idle it is the button of 86
   LogProperty = 194,  // a number of the picked entity: field, the number, 1 at the last of a change
   LogXInput = 201,
@@ -58,9 +56,13 @@ struct Instruction {
 struct InstructionLog {
   bool On = false; // a recording runs
   std::vector<Instruction> Row;
+  std::vector<unsigned> Number;     // of each row, never given twice in a recording
+  unsigned Given = 0;               // numbers so far
   std::array<std::string, 2> Place; // formulas of the next position's X and Y
   int PickedType = 0;               // EntType of the entity found last
 };
 
 // Appends while a recording runs.
 void LogStep(InstructionLog &, Instruction);
+void CutLog(InstructionLog &, std::size_t rows);    // the rows behind these go
+std::vector<Instruction> TakeLog(InstructionLog &); // all rows, out of the log

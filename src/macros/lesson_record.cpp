@@ -19,11 +19,15 @@ void BeginLessonRecording(LessonRecording &rec, Drafting &d, const Lesson &head)
 bool LessonRecords(const LessonRecording &rec) { return rec.Record.Running; }
 
 void SayNext(LessonRecording &rec, const Drafting &d, const std::string &message) {
-  rec.Message.emplace_back(d.Log.Row.size(), message);
+  rec.Message.emplace_back(d.Log.Given, message);
 }
 
 void SayBehind(LessonRecording &rec, const Drafting &d, const std::string &message) {
-  if (!d.Log.Row.empty()) rec.Special.emplace_back(d.Log.Row.size() - 1, message);
+  if (!d.Log.Row.empty()) rec.Special.emplace_back(d.Log.Number.back(), message);
+}
+
+void SetTolerance(LessonRecording &rec, const Drafting &d, double mm) {
+  rec.Tolerance.emplace_back(d.Log.Given, mm > 0 && mm < 1e6 ? mm : 0);
 }
 
 void KeepPress(LessonRecording &, Drafting &d, const std::string &control) {
@@ -46,10 +50,14 @@ Lesson RecordedLesson(const LessonRecording &rec, const Drafting &d) {
     step.Expected = i;
     lesson.Step.push_back(std::move(step));
   }
-  for (const auto &[at, text] : rec.Message)
-    if (at < lesson.Step.size()) lesson.Step[at].Message = text;
-  for (const auto &[at, text] : rec.Special)
-    if (at < lesson.Step.size()) lesson.Step[at].Special = text;
+  for (std::size_t i = 0; i < lesson.Step.size(); ++i) {
+    for (const auto &[number, text] : rec.Message)
+      if (number == d.Log.Number[i]) lesson.Step[i].Message = text;
+    for (const auto &[number, text] : rec.Special)
+      if (number == d.Log.Number[i]) lesson.Step[i].Special = text;
+    for (const auto &[number, mm] : rec.Tolerance)
+      if (d.Log.Number[i] >= number) lesson.Step[i].Tolerance = mm;
+  }
   if (std::vector<Entity> rows = DrawnNow(d); !rows.empty()) lesson.Shown.push_back(std::move(rows));
   return lesson;
 }

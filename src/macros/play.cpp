@@ -6,16 +6,17 @@
 #include "drafting/view.h"
 #include "macros/evaluator.h"
 #include "macros/play_parts.h"
+#include "macros/tutor_file.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 struct PlaySaved {
   DraftingStart Own;
   EntityTable Table;
-  UndoRing Ring{.Slot = nullptr};
   VariableTable Variables;
   int MacroMode = 0;
   bool SavedFlag = true, Log = false;
@@ -31,7 +32,6 @@ void EndPlay(TemplatePlay &play, Drafting &d) {
   PlaySaved &saved = *play.Before;
   LeaveCommand(d);
   play.Running = false;
-  if (d.Play.Undoes) d.Ring = std::move(saved.Ring);
   d.Play = {};
   d.Variables = saved.Variables;
   d.Grain.MacroMode = saved.MacroMode;
@@ -108,11 +108,6 @@ double ScaleOf(const MacFile &mac, double diameter) {
   return recorded > 0 && diameter > 0 ? diameter / recorded : 1;
 }
 
-bool TakesBack(const std::vector<Instruction> &log) {
-  return std::any_of(log.begin(), log.end(),
-                     [](const Instruction &i) { return i.PointArea == LogUndo || i.PointArea == LogRedo; });
-}
-
 void PutPlayStart(Drafting &d, const MacFile &mac, const VariableTable &values, double scale) {
   d.Grain.Table.EntCount = -1;
   for (const Entity &e : ScaledRows(mac.Start, scale)) AppendRow(d.Grain.Table, e);
@@ -122,7 +117,6 @@ void PutPlayStart(Drafting &d, const MacFile &mac, const VariableTable &values, 
   SetGrainVariables(d.Variables, d.Grain.Doc.GrainDiam, static_cast<double>(d.Grain.Doc.GrainLength));
   PutRecordingStart(d);
   d.Play = {};
-  d.Play.Undoes = TakesBack(mac.Log);
   d.Log.Place = {};
 }
 
@@ -169,6 +163,39 @@ std::string StepInstruction(Drafting &d, const std::vector<Instruction> &log, st
   return trouble.empty() ? Deliver(d, step, answers) : trouble;
 }
 
+std::string DrawLog(Drafting &d, const std::vector<Entity> &start, const VariableTable &variables,
+                    const std::vector<Instruction> &log, std::size_t end,
+                    const std::function<void(std::size_t)> &done) {
+  UndoRing ring = std::exchange(d.Ring, UndoRing{});
+  const auto keepWork = std::exchange(d.KeepWork, {});
+  const auto markFaults = std::exchange(d.MarkFaults, {});
+  const bool fills = std::exchange(d.Log.On, false);
+  DrawSurface &panel = d.Out.Panel;
+  const std::array view{panel.Left, panel.Top, panel.Width, panel.Height}; // zooms are inputs too
+  const std::int16_t lastTool = d.LastTool;
+  LeaveCommand(d);
+  MacFile mac;
+  mac.Start = start;
+  PutPlayStart(d, mac, VariableTable(variables), 1);
+  std::string trouble;
+  for (std::size_t next = 0; next < end && trouble.empty();) {
+    const std::size_t number = next;
+    if (const int kind = log[next].PointArea; kind == LessonGrain || kind == LessonPress)
+      ++next; // nothing of the drawing
+    else if (trouble = StepInstruction(d, log, next, 1); !trouble.empty())
+      trouble = InstructionFault(number, log[number], trouble);
+    if (done) done(next);
+  }
+  d.LastTool = lastTool;
+  std::tie(panel.Left, panel.Top, panel.Width, panel.Height) = std::tuple_cat(view);
+  d.Log.On = fills;
+  d.MarkFaults = markFaults;
+  d.KeepWork = keepWork;
+  d.Ring = std::move(ring);
+  d.Answers.clear();
+  return trouble;
+}
+
 void BeginPlay(TemplatePlay &play, Drafting &d, const MacFile &mac, const VariableTable &values, int mode) {
   if (play.Running) StopPlay(play, d);
   LeaveCommand(d);
@@ -187,10 +214,6 @@ void BeginPlay(TemplatePlay &play, Drafting &d, const MacFile &mac, const Variab
   d.Log.On = false;
   d.Grain.MacroMode = mode;
   PutPlayStart(d, mac, values, play.Scale);
-  if (d.Play.Undoes) {
-    saved.Ring = std::move(d.Ring);
-    d.Ring = UndoRing{};
-  }
   ++d.Changes;
   if (mode != Silent) RedrawPanel(d);
 }

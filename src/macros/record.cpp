@@ -4,6 +4,7 @@
 #include "drafting/commit.h"
 #include "drafting/view.h"
 #include "macros/play_parts.h"
+#include "macros/take_back.h"
 #include "shell/grain_file.h"
 
 struct RecordingSaved {
@@ -48,6 +49,10 @@ void BeginRecording(TemplateRecording &rec, Drafting &d, const VariableTable &va
   d.Log = {};
   d.Log.On = true;
   d.Answers.clear();
+  d.TakeBack = [history = std::make_shared<LogHistory>(LogHistory{rec.Start, {}, 0})](Drafting &x,
+                                                                                      bool again) {
+    again ? BringBackInput(*history, x) : TakeBackInput(*history, x);
+  };
   RefreshDrafting(d);
 }
 
@@ -67,6 +72,7 @@ void EndRecording(TemplateRecording &rec, Drafting &d) {
   if (!rec.Running) return;
   LeaveCommand(d);
   d.Log = {};
+  d.TakeBack = {};
   d.Grain.MacroMode = rec.Before->MacroMode;
   d.Variables = rec.Before->Variables;
   PutStart(d, rec.Before->Own);

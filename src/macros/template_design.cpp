@@ -42,7 +42,6 @@ TemplateResult DesignFromTemplate(TemplatePlayer &player, const MacFile &mac, co
   LeaveCommand(d);
   const double scale = ScaleOf(mac, diameter);
   PutPlayStart(d, mac, values, scale);
-  if (d.Play.Undoes) d.Ring = UndoRing{};
   for (std::size_t next = 0; next < mac.Log.size();) {
     const std::size_t number = next;
     if (const std::string trouble = StepInstruction(d, mac.Log, next, scale); !trouble.empty())

@@ -92,7 +92,7 @@ bool MacroRecord(Workbench &bench, TutorRecording &rec) {
   if (keep != Answer::Yes) bench.Grain.Table.EntCount = -1;
   rec.KeepWork = std::exchange(bench.Draft.KeepWork, {});
   BeginLessonRecording(rec.Lesson, bench.Draft, head);
-  rec.Told = bench.Draft.Log.Row.size();
+  rec.Told = bench.Draft.Log.Given;
   ShowWholeGrain(bench);
   return true;
 }
@@ -100,17 +100,18 @@ bool MacroRecord(Workbench &bench, TutorRecording &rec) {
 void AskMessages(Workbench &bench, TutorRecording &rec) {
   if (!LessonRecords(rec.Lesson)) return;
   const std::vector<LessonStep> step = RecordedLesson(rec.Lesson, bench.Draft).Step;
-  rec.Told = std::min(rec.Told, step.size());
+  const std::vector<unsigned> number = bench.Draft.Log.Number;
+  const unsigned told = std::exchange(rec.Told, bench.Draft.Log.Given);
   int tool = 0;
-  for (std::size_t i = 0; i < rec.Told; ++i)
-    if (IsLessonTool(step[i].Expected.PointArea)) tool = step[i].Expected.PointArea;
-  while (rec.Told < step.size()) {
-    const std::size_t first = rec.Told;
-    rec.Told = GroupEnd(step, first);
-    const std::string offered = LessonMessage(std::span(step).subspan(first, rec.Told - first), tool);
-    const std::string text = AskText(bench.Out, "Enter Message for action:", "User Message", offered);
-    if (!text.empty()) rec.Lesson.Message.emplace_back(first, text);
+  for (std::size_t first = 0; first < step.size();) {
+    const std::size_t end = GroupEnd(step, first);
+    if (number[first] >= told) {
+      const std::string offered = LessonMessage(std::span(step).subspan(first, end - first), tool);
+      const std::string text = AskText(bench.Out, "Enter Message for action:", "User Message", offered);
+      if (!text.empty()) rec.Lesson.Message.emplace_back(number[first], text);
+    }
     if (IsLessonTool(step[first].Expected.PointArea)) tool = step[first].Expected.PointArea;
+    first = end;
   }
 }
 
@@ -118,6 +119,17 @@ void MacroPause(Workbench &bench, TutorRecording &rec) {
   if (!LessonRecords(rec.Lesson)) return;
   const std::string trouble = AppendTutorBuffer(BufferFile(bench), DrawnNow(bench.Draft));
   if (!trouble.empty()) Tell(bench, trouble);
+}
+
+void DropLesson(Workbench &bench, TutorRecording &rec) {
+  if (!LessonRecords(rec.Lesson)) return;
+  EndLessonRecording(rec.Lesson, bench.Draft);
+  bench.Grain = rec.Own;
+  bench.Draft.KeepWork = std::exchange(rec.KeepWork, {});
+  ++bench.Draft.Changes;
+  RefreshDrafting(bench.Draft);
+  ShowWholeGrain(bench);
+  RemoveBuffer(bench);
 }
 
 bool MacroStop(Workbench &bench, TutorRecording &rec) {
@@ -132,12 +144,6 @@ bool MacroStop(Workbench &bench, TutorRecording &rec) {
     Tell(bench, trouble);
     return false;
   }
-  EndLessonRecording(rec.Lesson, bench.Draft);
-  bench.Grain = rec.Own;
-  bench.Draft.KeepWork = std::exchange(rec.KeepWork, {});
-  ++bench.Draft.Changes;
-  RefreshDrafting(bench.Draft);
-  ShowWholeGrain(bench);
-  RemoveBuffer(bench);
+  DropLesson(bench, rec);
   return true;
 }
