@@ -22,8 +22,6 @@ struct LessonSaved {
 namespace {
 constexpr int Playing = 4;
 
-bool OfDrawing(int kind) { return kind != LessonGrain && kind != LessonPress; }
-
 int ToolAt(const LessonPlay &play, std::size_t before) {
   for (std::size_t i = before; i-- > 0;)
     if (IsLessonTool(play.Log[i].PointArea)) return play.Log[i].PointArea;
@@ -49,23 +47,9 @@ std::string PutGrain(const LessonPlay &play, GrainDoc &doc) {
 
 // The drawing as the steps before Next make it.
 std::string DrawToNext(LessonPlay &play, Drafting &d) {
-  d.Log.On = false;
   d.Grain.MacroMode = Playing;
-  LeaveCommand(d);
-  MacFile mac;
-  mac.Start = play.What.Start;
-  mac.Log = play.Log;
-  PutPlayStart(d, mac, {}, 1);
+  std::string trouble = DrawLog(d, play.What.Start, {}, play.Log, play.Next);
   d.Ring = UndoRing{};
-  std::string trouble;
-  for (std::size_t next = 0; next < play.Next && trouble.empty();) {
-    const std::size_t number = next;
-    if (!OfDrawing(play.Log[next].PointArea)) {
-      ++next;
-    } else if (trouble = StepInstruction(d, play.Log, next, 1); !trouble.empty()) {
-      trouble = InstructionFault(number, play.Log[number], trouble);
-    }
-  }
   d.Log = {};
   d.Log.On = true;
   d.Answers.clear();
@@ -134,7 +118,8 @@ std::string LessonPrompt(const LessonPlay &play) {
 LessonAnswer CheckLesson(LessonPlay &play, Drafting &d) {
   using Kind = LessonAnswer::Kind;
   if (!play.Running || d.Log.Row.empty()) return {};
-  const std::vector<Instruction> got = std::exchange(d.Log.Row, {});
+  const std::vector<Instruction> got = TakeLog(d.Log);
+  if (d.Ring.UndoTop > 0) d.Ring = UndoRing{}; // the lesson alone takes back
   if (LessonDone(play)) return {};
   const std::size_t before = play.Next;
   bool exact = true;
