@@ -135,8 +135,9 @@ void RunSim2(Design &design, Screen &screen, const SimulationPlace &place, Simul
     design.Table.Row[0].StartAngle = 0;
     design.Table.Row[0].EndAngle = TwoPi;
   }
-  if (const std::string trouble = WriteWorkFile(place.TempFile, design); !trouble.empty())
-    return tell(trouble, Icon::Exclamation);
+  if (!place.TempFile.empty())
+    if (const std::string trouble = WriteWorkFile(place.TempFile, design); !trouble.empty())
+      return tell(trouble, Icon::Exclamation);
 
   BurnOptions options;
   options.WorkFolder = design.AppDir;

@@ -13,7 +13,7 @@ struct SimulationView {
 };
 
 struct SimulationPlace {
-  std::string TempFile; // the design is written here before the run
+  std::string TempFile; // the design is written here before the run; empty: nowhere
   bool KnBatch = false;
 };
 

@@ -104,10 +104,11 @@ QString ToolTip(const Control &from) {
 }
 
 // How strongly the core colours a button: 0 not, 1 the running tool or the mode chosen, 2 a mode that the
-// automatic one takes in.
+// automatic one takes in, 3 the one a lesson asks for.
 int LitOf(const Control &from) {
-  constexpr std::uint32_t Face = 0xC0C0C0, Automatic = 0xC8C880;
+  constexpr std::uint32_t Face = 0xC0C0C0, Automatic = 0xC8C880, Asked = 0x0870E8;
   if (from.Colour == 0 || from.Colour == Face) return 0;
+  if (from.Colour == Asked) return 3;
   return from.Colour == Automatic ? 2 : 1;
 }
 
@@ -135,8 +136,9 @@ void CopyTo(QAbstractButton &button, const Control &from) {
   }
   if (button.isCheckable()) button.setChecked(from.Checked);
   if (button.property("sample").toBool()) button.setIcon(Sample(from.Colour, button));
-  if (const int lit = LitOf(from);
-      button.property("tool").toBool() && button.property("lit").toInt() != lit) {
+  const int lit = LitOf(from);
+  if ((button.property("tool").toBool() || lit == 3 || button.property("lit").toInt() == 3) &&
+      button.property("lit").toInt() != lit) {
     button.setProperty("lit", lit);
     button.style()->unpolish(&button);
     button.style()->polish(&button);

@@ -20,3 +20,4 @@ FormDialog *MakeGallery(Sender, QWidget *parent);
 FormDialog *MakeTemplateFile(Sender, QWidget *parent);
 FormDialog *MakeTemplateValues(Sender, QWidget *parent);
 FormDialog *MakePreview(Sender, QWidget *parent);
+FormDialog *MakeTutorMessage(Sender, QWidget *parent);

@@ -14,6 +14,7 @@
 #include "desktop/side_pane.h"
 #include "desktop/template_strip.h"
 #include "desktop/tools_pane.h"
+#include "desktop/tutor_strip.h"
 #include "desktop/typing_card.h"
 #include "desktop/view3d_pane.h"
 #include "platform/events.h"
@@ -67,6 +68,8 @@ MainWindow::MainWindow(Sender send) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(BuildRecoveryBar(Controls));
+  Lessons = new TutorStrip(Controls);
+  column->addWidget(Lessons);
   column->addWidget(BuildTemplateStrip(Controls));
   column->addLayout(row, 1);
   auto *points = new PointStrip(Controls);
@@ -187,6 +190,7 @@ void MainWindow::Copy(const Screen &screen, const Theme &theme) {
   Diagnosis->setVisible(screen[Ctl::Diagnosis_Text].Visible && screen[Ctl::Diagnosis_Next].Enabled);
   Typing->Follow(screen[Ctl::Typing_Card].Visible);
   Side->Follow(screen, theme);
+  Lessons->Copy(screen);
   FollowHelp(screen);
   ::Follow(*Performance, screen, screen[Ctl::Pressure_Results].Visible, theme);
   ::Follow(*Propellant, screen, screen[Ctl::PEP_SimA].Visible, theme);

@@ -12,6 +12,7 @@ class PepWindow;
 class PressureWindow;
 class QSplitter;
 class SidePane;
+class TutorStrip;
 class TypingCard;
 class View3dPane;
 class QStackedWidget;
@@ -50,6 +51,7 @@ private:
   ChartView *Area = nullptr, *Kn = nullptr;
   QWidget *AreaCell = nullptr, *KnCell = nullptr, *ChartRow = nullptr, *Diagnosis = nullptr;
   SidePane *Side = nullptr;
+  TutorStrip *Lessons = nullptr;
   RunNotice *Running = nullptr;
   MessageStrip *Message = nullptr;
   TypingCard *Typing = nullptr;

@@ -46,6 +46,7 @@ constexpr MenuRow View[] = {{Ctl::Zoom_Reset, 'Z', "Ctrl+0", "zoom_grain", Plain
                             {Ctl::mnuViewSide, 0, "", "", Checkable},
                             {Ctl::mnuLiveBurn, 'B', "", "", Checkable},
                             {Ctl::mnuView3d, '3', "Ctrl+3", "view3d", Checkable | Parted},
+                            {Ctl::tb3DConfig, 'U', "", "setup3d", Plain, "mnu3D_Config"},
                             {Ctl::mnuGrid, 'G', "", "grid", Parted},
                             {Ctl::mnuIncrements, 'S', "", ""},
                             {Ctl::mnuThemeLight, 'L', "", "", Checkable | Parted},
@@ -60,7 +61,10 @@ constexpr MenuRow Motor[] = {{Ctl::mnuDims, 'D', "Ctrl+D", "dimensions"},
                              {Ctl::PEP_Simulation, 'P', "", ""}};
 constexpr MenuRow Templates[] = {{Ctl::mnuchoosetemplate, 'C', "", "templates"},
                                  {Ctl::mnumaketemplate, 'M', "", ""},
-                                 {Ctl::mnuTutor, 'T', "", "tutor", Parted}};
+                                 {Ctl::mnuTutor, 'T', "", "tutor", Parted},
+                                 {Ctl::MacroRecord, 'R', "", ""},
+                                 {Ctl::MacroPause, 'K', "", "", Plain, "mnuMacroPause"},
+                                 {Ctl::MacroStop, 'F', "", "", Plain, "mnuMacroStop"}};
 constexpr MenuRow Help[] = {{Ctl::mnuHelpTools, 'T', "", ""},
                             {Ctl::mnuIntro, 'I', "", ""},
                             {Ctl::mnuRecord, 'R', "", "", Checkable | Parted},

@@ -7,6 +7,7 @@
 #include "desktop/plot_view.h"
 #include "desktop/segment_row.h"
 #include "desktop/theme.h"
+#include "desktop/tutor_strip.h"
 #include "platform/events.h"
 
 #include <QComboBox>
@@ -56,6 +57,7 @@ PressureWindow::PressureWindow(Sender send, QWidget *parent)
        {Ctl::KN_Chart, Ctl::Chart_Pressure, Ctl::Chart_Thrust, Ctl::Chart_Mass_Flow, Ctl::Mass_Flow_Rate,
         Ctl::Chart_Mass_Flux, Ctl::Core_Gas_Velocity, Ctl::Area_Chart})
     charts->Add(Button(Controls, control));
+  column->addWidget(BuildTutorNote(Controls));
   column->addWidget(charts);
   auto *halves = new QHBoxLayout;
   halves->setSpacing(12);
@@ -212,6 +214,7 @@ void PressureWindow::Copy(const Screen &screen, const Theme &theme) {
     note->parentWidget()->setToolTip(note->text());
   }
   if (QWidget *note = Find(Controls, Ctl::Input_Note)) SetMark(*note, screen[Ctl::Input_Note].Checked);
+  if (QWidget *note = Find(Controls, Ctl::Tutor_Note)) SetMark(*note, screen[Ctl::Tutor_Note].Checked);
   CopyChoice(screen[Ctl::Propellant_Choice]);
   CopyTable(screen.Compare, screen[Ctl::Compare_Table], theme);
   Chart->Copy(screen.My_Chart3, screen[Ctl::Y_Axis].Item, screen[Ctl::Time_Axis].Item, theme);

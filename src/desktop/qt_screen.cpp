@@ -240,6 +240,7 @@ void QtScreen::RunModal(Form form) {
     case Form::TemplateFile: return MakeTemplateFile(send, parent);
     case Form::TemplateValues: return MakeTemplateValues(send, parent);
     case Form::Preview: return MakePreview(send, parent);
+    case Form::TutorMessage: return MakeTutorMessage(send, parent);
     }
     return MakeAbout(send, parent);
   }());
@@ -271,6 +272,12 @@ bool QtScreen::Progress(double part) {
 
 void QtScreen::StartWork(std::function<void()> work, std::function<void()> done) {
   Worker.Start(std::move(work), std::move(done));
+}
+
+void QtScreen::StartSearch(std::function<void(const std::function<void()> &tell)> work,
+                           std::function<void()> news, std::function<void()> done) {
+  Seeker.Start([this, work = std::move(work), news = std::move(news)] { work([&] { Seeker.Tell(news); }); },
+               std::move(done));
 }
 
 void QtScreen::StartDiagnosis(std::function<void()> work, std::function<void()> done) {

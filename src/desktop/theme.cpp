@@ -68,6 +68,10 @@ QToolButton:hover:enabled { background: @Hover; }
 QToolButton:pressed, QToolButton:checked { background: @Pressed; }
 QToolButton[lit="1"] { background: @Lit; border-color: @Accent; }
 QToolButton[lit="2"] { background: @Glow; }
+QToolButton[lit="3"], QPushButton[lit="3"] { border: 2px solid @Picked; }
+QToolButton[lit="3"] { padding: 3px; background: @Notice; }
+QToolButton[small="true"][lit="3"] { padding: 0; }
+QPushButton[lit="3"] { padding: 4px 15px; }
 QToolButton:focus { border-color: @Accent; }
 QToolButton:disabled { color: @Faint; }
 QPushButton { padding: 5px 16px; border: 1px solid @Edge; border-radius: 6px; background: @Field; }
@@ -135,6 +139,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #View_Note { background: @Field; border: 1px solid @Hairline; border-radius: 10px; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
+#TutorFrame { background: @Glow; border-bottom: 1px solid @Hairline; }
 #TemplateNoteFrame { background: @Notice; border-bottom: 1px solid @Hairline; }
 #TemplateNoteFrame QListView { background: transparent; border: none; padding: 0; }
 #TemplateNoteFrame QListView::item { background: @Field; border: 1px solid @Hairline; border-radius: 5px; padding: 1px 8px; margin-right: 6px; min-height: 20px; }
@@ -148,6 +153,7 @@ QPushButton[slim="true"] { padding: 2px 10px; }
 QPushButton[segment="true"] { border-radius: 0; padding: 5px 9px; }
 QLineEdit[plain="true"] { background: @Window; border-color: @Hairline; }
 QLineEdit[bad="true"] { border: 2px solid @Gone; padding: 4px 7px; }
+QComboBox[bad="true"] { border: 2px solid @Gone; padding: 4px 7px; }
 QLabel[bad="true"] { color: @Gone; }
 #ToolCard { background: @Field; border: 1px solid @Hairline; border-radius: 8px; }
 #Result_Grid::item:selected { border-radius: 0; }
@@ -176,6 +182,7 @@ QString FilledSheet(const Theme &t) {
                                                    {"@Lit", t.Lit},
                                                    {"@Glow", t.Glow},
                                                    {"@Notice", t.Notice},
+                                                   {"@Picked", t.Picked},
                                                    {"@Gone", t.Gone}};
   QString sheet = QString::fromLatin1(Sheet);
   for (const auto &[name, colour] : names) sheet.replace(QLatin1String(name), colour.name());

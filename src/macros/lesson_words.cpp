@@ -193,6 +193,12 @@ bool SameKind(const Instruction &expected, const Instruction &got) {
 
 bool IsLessonTool(int kind) { return kind == RotationDrawTool || FindCommand(kind) != nullptr; }
 
+int ToolBefore(std::span<const LessonStep> step, std::size_t next) {
+  for (std::size_t i = std::min(next, step.size()); i-- > 0;)
+    if (IsLessonTool(step[i].Expected.PointArea)) return step[i].Expected.PointArea;
+  return 0;
+}
+
 std::size_t GroupEnd(std::span<const LessonStep> step, std::size_t first) {
   if (first >= step.size()) return step.size();
   std::size_t end = first + 1;

@@ -8,6 +8,8 @@
 
 std::size_t GroupEnd(std::span<const LessonStep>, std::size_t first); // behind the last of its group
 
+int ToolBefore(std::span<const LessonStep>, std::size_t next); // the command that runs then, 0 for none
+
 bool IsLessonTool(int kind); // a command, or rotation draw: numbers that follow are for it
 
 // What is asked for: the author's words of the group, else words of our own by its kind and values. lastTool:

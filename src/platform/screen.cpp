@@ -14,6 +14,7 @@ Ctl WindowOf(Form form) {
   case Form::ExportDxf: return Ctl::Export_DXF;
   case Form::FindTool: return Ctl::Find_Tool;
   case Form::Propellants: return Ctl::Propellants_Form;
+  case Form::TutorMessage: return Ctl::TutorMsgForm;
   case Form::Setup3d: return Ctl::Setup_3D;
   case Form::VariableNames: return Ctl::VariableNameForm;
   case Form::MacroParams: return Ctl::MacroParams;

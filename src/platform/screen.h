@@ -61,6 +61,7 @@ enum class Form : std::uint8_t {
   TemplateFile,
   TemplateValues,
   Preview,
+  TutorMessage,
   Setup3d
 };
 Ctl WindowOf(Form); // the control that stands for the form itself

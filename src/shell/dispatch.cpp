@@ -28,6 +28,8 @@
 #include "shell/template_record.h"
 #include "shell/template_windows.h"
 #include "shell/tool_finder.h"
+#include "shell/tutor.h"
+#include "shell/tutor_author.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,7 +51,9 @@ void TogglePane(Workbench &bench, const char *name) {
 void RunSimulation(Workbench &bench) {
   LeaveCommand(bench.Draft);
   bench.Running = true;
-  RunSim2(bench.Grain, bench.Out, {bench.Claim.TempFile, bench.Command.KnBatch}, bench.Sim);
+  // A lesson's drawing must not take the place of the user's own, which is put aside.
+  const std::string keep = bench.Draft.KeepWork ? bench.Claim.TempFile : "";
+  RunSim2(bench.Grain, bench.Out, {keep, bench.Command.KnBatch}, bench.Sim);
   bench.Running = false;
 }
 
@@ -59,6 +63,7 @@ void Zoom(Workbench &bench, void (*change)(DrawSurface &)) {
 }
 
 void CloseProgram(Workbench &bench) {
+  if (LessonRecords(bench.Tutor.Rec.Lesson) && !CancelLesson(bench)) return;
   if (bench.Template.Record.Running && !CancelRecording(bench)) return;
   if (bench.Template.Play.Running) Stop_Macro(bench);
   if (!bench.Record.On || StopRecording(bench)) CloseMain(bench);
@@ -152,6 +157,7 @@ void Press(Workbench &bench, const Event &event) {
   if (!bench.Out[event.Target].Enabled) return;
   if (event.Button == RightButton) return OpenHotKeyList(bench, event.Target);
   bench.Out[Ctl::HotKeyList].Visible = false;
+  if (PressTutor(bench, event.Target, event.Text) || !LessonAllows(bench, event.Target)) return;
   if (PressInView3d(bench, event.Target) || PressTemplate(bench, event)) return;
   for (const PressRow &row : PressTable)
     if (row.Target == event.Target) return row.Action(bench);
@@ -211,8 +217,12 @@ void AboutEvent(Workbench &bench, const Event &event) {
 }
 
 void Route(Workbench &bench, const Event &event) {
-  if (PlayHolds(bench, event) || TemplateWindowEvent(bench, event)) return;
+  if (PlayHolds(bench, event) || TutorTakes(bench, event)) return;
   const std::string_view window = RowOf(event.Target).Window;
+  const bool beside = event.What == Event::Kind::Press && window != "frmMain" && window != "tbToolBar";
+  if (beside && bench.Out[event.Target].Enabled && !LessonAllows(bench, event.Target)) return;
+  if (TemplateWindowEvent(bench, event)) return;
+  if (window == "TutorMsgForm") return TutorMessageEvent(bench, event);
   if (window == "Dimensions") return DimensionsEvent(bench, event);
   if (window == "IntroPage") return IntroEvent(bench, event);
   if (window == "frmAbout") return AboutEvent(bench, event);
@@ -260,9 +270,11 @@ void Dispatch(Workbench &bench, const Event &event) {
   if (bench.Running) return;
   if (!std::isfinite(event.X) || !std::isfinite(event.Y) || !std::isfinite(event.Notches)) return;
   NoteEvent(bench, event);
+  const int depth = ++bench.Tutor.Depth;
   if (event.Target != Ctl::MyLiveChart) LeaveLiveChart(bench);
   try {
     Route(bench, event);
+    if (depth == 1) FollowLesson(bench);
   } catch (const Fault &fault) {
     bench.Running = false;
     bench.Grain.GeomAbort = true;
@@ -272,4 +284,6 @@ void Dispatch(Workbench &bench, const Event &event) {
   }
   NoteResult(bench, event);
   RefreshScreen(bench);
+  if (depth == 1) TellLesson(bench);
+  --bench.Tutor.Depth;
 }

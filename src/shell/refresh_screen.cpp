@@ -3,10 +3,12 @@
 #include "base/number_text.h"
 #include "drafting/command_machine.h"
 #include "drafting/frames.h"
+#include "shell/held_controls.h"
 #include "shell/pep_window.h"
 #include "shell/pressure_window.h"
 #include "shell/template_play.h"
 #include "shell/tool_hints.h"
+#include "shell/tutor.h"
 
 #include <array>
 #include <filesystem>
@@ -41,6 +43,10 @@ constexpr HintRow Hints[] = {
     {Ctl::mnuchoosetemplate, "Choose Template: a parametric grain by its picture, with numbers of your own"},
     {Ctl::mnumaketemplate, "Make Template: records a drawing with variables, to be drawn again with others"},
     {Ctl::tbTemplates, "Templates: a parametric grain by its picture, with numbers of your own"},
+    {Ctl::mnuTutor, "Tutor: lessons that show what to do and watch how it is done"},
+    {Ctl::tbTutor, "Tutor: lessons that show what to do and watch how it is done"},
+    {Ctl::MacroRecord,
+     "Record Lesson: what you do becomes a lesson for others, with a message to each input"},
     {Ctl::Empty_Template, "A parametric grain by its picture"},
     {Ctl::tbNew, "New: an empty grain of the same dimensions (Ctrl+N)"},
     {Ctl::tbOpen, "Open: a grain file from disk (Ctrl+O)"},
@@ -74,12 +80,6 @@ constexpr HintRow Hints[] = {
     {Ctl::Save_Shot, "Save Picture: this view as a PNG file"},
     {Ctl::Export_Mesh, "Export: this part at this burn distance, as STL or 3MF"},
     {Ctl::Burn_Play, "Plays the burn, or holds it (Space)"},
-};
-
-// Controls whose subsystem is not part of this version: they stand in their place, greyed.
-constexpr Ctl Unavailable[] = {
-    Ctl::mnuTutor,
-    Ctl::tbTutor,
 };
 
 constexpr Ctl ResultControls[] = {Ctl::Report_Frame, Ctl::Burn_Area,       Ctl::Kn_Ratio,
@@ -160,6 +160,7 @@ void ModeControls(Workbench &bench) {
 
 void RefreshScreen(Workbench &bench) {
   Screen &out = bench.Out;
+  UnmarkTutor(bench);
   RefreshDrafting(bench.Draft);
   RefreshFrames(bench.Draft, !bench.Sim.ResultMode);
   out[Ctl::HotKeyPrompt].Visible = out[Ctl::HotKeyList].Visible;
@@ -167,10 +168,6 @@ void RefreshScreen(Workbench &bench) {
   for (const ToolHint &row : ToolHints()) out[row.Target].Hint = row.Text;
   NameHotKeys(out, bench.Draft.HotKeyTable);
   out[Ctl::mnuRecord].Checked = bench.Record.On;
-  for (const Ctl c : Unavailable) {
-    out[c].Enabled = false;
-    out[c].Hint = "Not available in this version";
-  }
   out[Ctl::frmMain].Text = "Morvandel - " + bench.Caption;
   const bool dark =
       GetSetting(bench.Settings, "Settings", "Theme", out.SystemIsDark ? "Dark" : "Light") == "Dark";
@@ -183,6 +180,8 @@ void RefreshScreen(Workbench &bench) {
   ModeControls(bench);
   RefreshDiagnosis(bench);
   RefreshTemplates(bench);
+  RefreshTutor(bench);
+  HoldControls(bench);
   RefreshPressure(bench);
   RefreshPep(bench);
   RefreshLive(bench);

@@ -12,6 +12,7 @@
 #include "shell/pep_memory.h"
 #include "shell/recovery.h"
 #include "shell/refresh_screen.h"
+#include "shell/tutor.h"
 
 #include <vector>
 
@@ -38,7 +39,8 @@ void HideWindows(Screen &out) {
                       Ctl::PEP_SimA,          Ctl::VariableNameForm,
                       Ctl::MacroParams,       Ctl::Grain_Selection_Window,
                       Ctl::Template_File,     Ctl::TemplateForm,
-                      Ctl::PreviewForm,       Ctl::View_3D,
+                      Ctl::PreviewForm,       Ctl::TutorFrame,
+                      Ctl::TutorMsgForm,      Ctl::View_3D,
                       Ctl::Setup_3D})
     out[c].Visible = false;
 }
@@ -78,7 +80,10 @@ void LoadMain(Workbench &bench, std::vector<std::string> &notices) {
   bench.Draft.Track.AutoPoint =
       GetSetting(bench.Settings, "Settings", "AutoPoint", bench.Out.ByHand ? "1" : "0") == "1";
   bench.Draft.KeepWork = [&bench] { KeepWorkFile(bench); };
-  bench.Draft.MarkFaults = [&bench] { DrawFaults(bench); };
+  bench.Draft.MarkFaults = [&bench] {
+    DrawFaults(bench);
+    DrawLessonMark(bench);
+  };
   LeaveCommand(bench.Draft);
 }
 

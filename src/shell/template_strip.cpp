@@ -7,14 +7,6 @@
 // TemplateNoteFrame: what is being recorded or played, above the drawing.
 
 namespace {
-// What would change the drawing behind the recording's back.
-constexpr Ctl Held[] = {Ctl::mnuFileNew,     Ctl::tbNew,           Ctl::mnuFileOpen,       Ctl::tbOpen,
-                        Ctl::mnuImport,      Ctl::mnuMRU0,         Ctl::mnuMRU1,           Ctl::mnuMRU2,
-                        Ctl::mnuMRU3,        Ctl::mnuRecovered,    Ctl::Recovery_Discard,  Ctl::Empty_Open,
-                        Ctl::mnuOptions,     Ctl::tbConfigure,     Ctl::mnuchoosetemplate, Ctl::tbTemplates,
-                        Ctl::Empty_Template, Ctl::mnumaketemplate, Ctl::Intro_Example};
-constexpr Ctl HeldMore[] = {Ctl::mnuDims, Ctl::Close_Gaps, Ctl::RunSim2}; // others decide too
-
 std::string StripText(const Workbench &bench) {
   const TemplateState &state = bench.Template;
   if (state.Record.Running) {
@@ -57,15 +49,5 @@ void RefreshTemplates(Workbench &bench) {
   out[Ctl::Cancel_Macro].Hint = "Gives the template up; the drawing stays";
   out[Ctl::MacroParams_Value].Checked = !state.ByMouse;
   out[Ctl::MacroParams_Mouse].Checked = state.ByMouse;
-  const char *why = recording ? "Finish or cancel the recording first" : "Finish or stop the template first";
-  for (const Ctl c : Held) {
-    out[c].Enabled = !recording && !playing;
-    if (recording || playing)
-      out[c].Hint = why;
-    else if (out[c].Hint.starts_with("Finish or "))
-      out[c].Hint.clear();
-  }
-  for (const Ctl c : HeldMore)
-    if (recording || playing) out[c].Enabled = false, out[c].Hint = why;
   if (recording || playing) out[Ctl::MyChart1_Frame].Visible = out[Ctl::MyChart2_Frame].Visible = false;
 }

@@ -11,6 +11,7 @@
 #include "shell/pressure.h"
 #include "shell/recent_files.h"
 #include "shell/template_state.h"
+#include "shell/tutor_state.h"
 #include "shell/view3d.h"
 #include "shell/work_folder.h"
 
@@ -81,6 +82,7 @@ struct Workbench {
   Thermo Pep;
   Recording Record;
   TemplateState Template;
+  TutorState Tutor;
   bool ExportFlag = false;           // Export_DXF was left by Export_Now
   std::string Caption;               // what stands behind "Morvandel - " in the title
   double PointerX = 0, PointerY = 0; // last position over DrawPanel, mm

@@ -1,0 +1,129 @@
+#include "desktop/tutor_strip.h"
+
+#include "desktop/dialogs.h"
+#include "desktop/form_parts.h"
+#include "desktop/icons.h"
+#include "desktop/panes.h"
+#include "desktop/theme.h"
+
+#include <QComboBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace {
+QLabel *Words(Bindings &bindings, Ctl control, Type type) {
+  auto *label = Bind(bindings, control, new QLabel);
+  label->setFont(TypeFont(type));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QPushButton *StripButton(Bindings &bindings, Ctl control, bool chief = false) {
+  auto *button = Button(bindings, control);
+  button->setFocusPolicy(Qt::TabFocus);
+  button->setProperty("chief", chief);
+  return button;
+}
+
+QLabel *Wrapped(QLabel *label) {
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  return label;
+}
+} // namespace
+
+TutorStrip::TutorStrip(Bindings &bindings) {
+  Bind(bindings, Ctl::TutorFrame, this);
+  auto *column = new QVBoxLayout(this);
+  column->setContentsMargins(16, 8, 16, 8);
+  column->setSpacing(4);
+  auto *top = RowLayout(12);
+  auto *picture = new QLabel;
+  picture->setPixmap(SvgIcon("tutor").pixmap(QSize(22, 22), devicePixelRatioF()));
+  top->addWidget(picture);
+  top->addWidget(Words(bindings, Ctl::Tutor_Head, Type::Head));
+  Lessons = ItemBox(bindings, Ctl::TutorCombo, "Lesson");
+  Lessons->setMinimumContentsLength(44);
+  Lessons->setMaxVisibleItems(20);
+  top->addWidget(Lessons);
+  top->addWidget(Quiet(Words(bindings, Ctl::Tutor_Step, Type::Small)));
+  Progress = Bind(bindings, Ctl::Tutor_Progress, new QProgressBar);
+  Progress->setTextVisible(false);
+  Progress->setFixedWidth(160);
+  top->addWidget(Progress);
+  top->addStretch(1);
+  auto *tolerance = NumberField(bindings, Ctl::Tutor_Tolerance, "Tolerance", 6);
+  auto *label = Quiet(Words(bindings, Ctl::Tutor_Tolerance_Label, Type::Small));
+  label->setBuddy(tolerance);
+  top->addWidget(label);
+  top->addWidget(tolerance);
+  for (const Ctl control : {Ctl::MacroPause, Ctl::MacroStop, Ctl::Tutor_Again})
+    top->addWidget(StripButton(bindings, control, control == Ctl::MacroStop));
+  top->addWidget(StripButton(bindings, Ctl::TutorCancel));
+  top->addWidget(StripButton(bindings, Ctl::Tutor_Start, true));
+  column->addLayout(top);
+  Prompt = Wrapped(Words(bindings, Ctl::Tutor_Prompt, Type::Prompt));
+  column->addWidget(Prompt);
+  Note = Wrapped(Words(bindings, Ctl::Tutor_Note, Type::Base));
+  column->addWidget(Note);
+}
+
+void TutorStrip::Copy(const Screen &screen) {
+  CopyItems(*Lessons, screen[Ctl::TutorCombo]);
+  const Control &progress = screen[Ctl::Tutor_Progress];
+  Progress->setRange(0, std::max(1, static_cast<int>(progress.Most)));
+  Progress->setValue(progress.Index);
+  Progress->setAccessibleName(QString::fromStdString(screen[Ctl::Tutor_Step].Text));
+  SetMark(*Note, screen[Ctl::Tutor_Note].Checked);
+  if (Prompts == screen[Ctl::Tutor_Prompt].Item) return;
+  Prompts = screen[Ctl::Tutor_Prompt].Item;
+  Reserve();
+}
+
+void TutorStrip::resizeEvent(QResizeEvent *event) {
+  QFrame::resizeEvent(event);
+  Reserve();
+}
+
+void TutorStrip::Reserve() {
+  const QMargins margins = layout()->contentsMargins();
+  const int wide = std::max(200, width() - margins.left() - margins.right());
+  const QFontMetrics words(Prompt->font());
+  int high = 0;
+  for (const std::string &prompt : Prompts)
+    high = std::max(high, words
+                              .boundingRect(QRect(0, 0, wide, 10000), Qt::TextWordWrap | Qt::AlignLeft,
+                                            QString::fromStdString(prompt))
+                              .height());
+  Prompt->setMinimumHeight(high);
+  Note->setMinimumHeight(high > 0 ? QFontMetrics(Note->font()).height() : 0);
+}
+
+QWidget *BuildTutorNote(Bindings &bindings) {
+  auto *frame = Bind(bindings, Ctl::TutorFrame, new QFrame);
+  auto *column = new QVBoxLayout(frame);
+  column->setContentsMargins(12, 8, 12, 8);
+  column->setSpacing(4);
+  for (const auto &[control, type] :
+       {std::pair{Ctl::Tutor_Prompt, Type::Prompt}, std::pair{Ctl::Tutor_Note, Type::Base}})
+    column->addWidget(Wrapped(Words(bindings, control, type)));
+  return frame;
+}
+
+FormDialog *MakeTutorMessage(Sender send, QWidget *parent) {
+  auto *dialog = new FormDialog(Ctl::TutorMsgForm, std::move(send), parent);
+  auto *column = Column(*dialog);
+  auto *row = RowLayout(14);
+  auto *picture = new QLabel;
+  picture->setPixmap(SvgIcon("tutor").pixmap(QSize(40, 40), dialog->devicePixelRatioF()));
+  row->addWidget(picture, 0, Qt::AlignTop);
+  auto *text = Wrapped(Words(dialog->Controls, Ctl::Tutor_Message, Type::Base));
+  text->setMinimumWidth(380);
+  row->addWidget(text, 1);
+  column->addLayout(row);
+  auto *buttons = RowLayout();
+  buttons->addStretch();
+  buttons->addWidget(DialogButton(dialog->Controls, Ctl::Command1, true));
+  column->addLayout(buttons);
+  return dialog;
+}
