@@ -110,8 +110,7 @@ void LogLeft(Drafting &d, const Standing &before) {
   const bool idle = d.Cmd.CmdNo == 0 && d.Cmd.SelectCount == 0;
   if (!d.Log.On || !before.Stood || !idle || d.Log.Row.size() != before.Logged) return;
   d.Answers.clear();
-  LogInput(d, LogEscape);
-  if (before.Zooming) LogInput(d, LogEscape); // what the zoom stood over
+  LogLeave(d, before.Zooming);
 }
 
 // What an input that came to nothing puts back while a recording runs, since the log knows nothing of it.
@@ -353,7 +352,7 @@ void DeleteKey(Drafting &d) {
   if (d.Cmd.CmdNo == 0 && d.Cmd.SelectCount > 0)
     LogInput(d, deleteEntities); // its button does the same
   else if (d.Cmd.CmdNo == ZoomCommand)
-    for (int left = 0; left < 2; ++left) LogInput(d, LogEscape); // the zoom, and what it stands over
+    LogLeave(d, true);
   else if (row)
     LogInput(d, row->Enter ? static_cast<int>(LogDeleteKey) : static_cast<int>(LogEscape));
   if (!row || row->Enter) DeleteSelected(d);

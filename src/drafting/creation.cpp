@@ -27,7 +27,7 @@ constexpr FieldRow Fields[] = {{Ctl::BoxWidth, Ctl::BoxWH_Frame, AcceptBox},
 
 void CancelFrame(Drafting &d, const Event &) {
   if (!d.Out[Ctl::BoxWH_Frame].Visible && !d.Out[Ctl::Poly_Frame].Visible) return;
-  LogInput(d, LogEscape);
+  LogLeave(d, d.Under.has_value());
   LeaveCommand(d);
 }
 

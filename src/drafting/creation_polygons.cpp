@@ -71,6 +71,7 @@ bool StartPolygon(Drafting &d) {
 void BackPolygon(Drafting &d) { BackToFrame(d, Ctl::Poly_Frame, Ctl::PolySides); }
 
 void PressPolygonOption(Drafting &d, const Event &event) {
+  if (!d.Out[Ctl::Poly_Frame].Visible) return;
   d.Tool.PolyFlat = event.Target == Ctl::PolyFlat;
   LogInput(d, LogPolyOption, d.Tool.PolyFlat ? 0 : 1);
 }

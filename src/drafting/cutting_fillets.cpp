@@ -55,7 +55,7 @@ bool TakeRadius(Drafting &d, double radius) {
     return false;
   }
   d.Tool.ToolRadius = radius;
-  d.Cmd.KeyInX = true;
+  d.Cmd.RadiusHeld = true;
   return true;
 }
 
@@ -91,7 +91,7 @@ void ClickCorner(Drafting &d, Point at) {
   const int mask = d.Cmd.CmdNo == ChamferCommand ? LineType : AnyType;
   const PickedRow pick = PickEntity(d, at, mask, "No Entity Found", 0);
   if (!pick.Found) return;
-  if (d.Cmd.CmdState == 0 || (typed && !d.Cmd.KeyInX)) {
+  if (d.Cmd.CmdState == 0 || (typed && !d.Cmd.RadiusHeld)) {
     HoldPick(d, pick, at, LogFoundEnt);
     MarkRow(d, pick.Index);
     if (d.Cmd.CmdState == 2) WaitForRadius(d);
@@ -115,7 +115,7 @@ void TypedTangentRadius(Drafting &d, double radius) {
 }
 
 void BackTypedRadius(Drafting &d) {
-  for (BackSlot &slot : d.Store.Slot) slot.Step.KeyInX = false; // it is asked for again
+  for (BackSlot &slot : d.Store.Slot) slot.Step.RadiusHeld = false; // it is asked for again
 }
 
 void BackFillet(Drafting &d) {

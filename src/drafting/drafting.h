@@ -38,6 +38,7 @@ struct StepState {
   bool WindowSelect = false;           // the next positions are corners of a window: no grid snap
   bool Movement = false;               // the box move has its window and its method
   bool KeyInX = false, KeyInY = false; // the field was typed since the last point
+  bool RadiusHeld = false;             // of a tangent circle or arc, entered before its picks
   double AnchorX = 0, AnchorY = 0;     // where the rubber band starts
   double RotationAngle = 0;
 };

@@ -225,6 +225,7 @@ void FieldKey(Drafting &d, const Event &event) {
     d.Cmd.RefType = d.Log.On ? CentreRef : CursorRef;
     LogInput(d, LogRefType + d.Cmd.RefType);
     ClearFields(d);
+    if (d.Cmd.RadiusHeld) d.Out[Ctl::X_Input].Text = PlainText(d.Tool.ToolRadius);
     d.Out.Focus = Ctl::DrawPanel;
     return Refresh(d);
   default: return;
@@ -253,7 +254,9 @@ void RefreshFields(Drafting &d) {
   const bool second = wide && !(named && !row->YLabel);
   d.Out[Ctl::X_Label].Visible = d.Out[Ctl::X_Input].Visible = wide;
   d.Out[Ctl::Y_Label].Visible = d.Out[Ctl::Y_Input].Visible = second;
-  if (d.Cmd.KeyInX || d.Cmd.KeyInY || (use == FieldUse::Value && d.Out[Ctl::X_Label].Text == before)) return;
+  if (d.Cmd.KeyInX || d.Cmd.KeyInY || d.Cmd.RadiusHeld ||
+      (use == FieldUse::Value && d.Out[Ctl::X_Label].Text == before))
+    return;
   ClearFields(d);
   if (use == FieldUse::Value) d.Out[Ctl::X_Input].Text = OfferedValue(d);
 }

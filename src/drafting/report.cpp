@@ -67,3 +67,7 @@ void LogInput(Drafting &d, int kind, double v1, double v2, double v3, std::strin
   Keep(d, std::move(step));
   LogAnswersGiven(d);
 }
+
+void LogLeave(Drafting &d, bool zooming) {
+  for (int left = 0; left < (zooming ? 2 : 1); ++left) LogInput(d, LogEscape);
+}

@@ -9,3 +9,5 @@ void Report(Drafting &, std::string_view text, std::string_view title = "", Icon
 
 // Logs an input and, after it, the answers it asked for. `formulas` as Value4.
 void LogInput(Drafting &, int kind, double v1 = 0, double v2 = 0, double v3 = 0, std::string value4 = "");
+void LogLeave(Drafting &,
+              bool zooming); // Escape, twice where a window zoom stands over the command that is left

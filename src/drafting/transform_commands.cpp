@@ -172,7 +172,7 @@ void PressMirror(Drafting &d, const Event &event) {
 
 void PressMirrorCancel(Drafting &d, const Event &) {
   if (!d.Out[Ctl::Mirror_Frame].Visible) return;
-  LogInput(d, LogEscape);
+  LogLeave(d, d.Under.has_value());
   LeaveCommand(d);
 }
 
@@ -227,7 +227,10 @@ void TransformSelected(Drafting &d, int kind) {
 }
 
 void ClickTransform(Drafting &d, Point at) {
-  if (d.Out[Ctl::XFormOption].Visible && d.Select.FromIdle) return ChooseTransform(d, false);
+  if (d.Out[Ctl::XFormOption].Visible && d.Select.FromIdle) {
+    d.Cmd.BackPos = d.Cmd.BackDepth; // Back leads where it does after the list's "Move"
+    return ChooseTransform(d, false);
+  }
   if (SelectionClick(d, at)) return;
   switch (d.Cmd.CmdNo) {
   case MoveByPoints: return ClickMove(d, at);
