@@ -4,6 +4,7 @@
 #include "drafting/command_machine.h"
 #include "drafting/commit.h"
 #include "drafting/view.h"
+#include "macros/lesson_template.h"
 #include "macros/lesson_words.h"
 #include "macros/play.h"
 #include "macros/play_parts.h"
@@ -130,7 +131,7 @@ LessonAnswer CheckLesson(LessonPlay &play, Drafting &d) {
       break;
     }
     objection = LessonObjection(play.What.Step[play.Next], got[i], ToolAt(play, play.Next),
-                                static_cast<double>(d.Grain.Doc.GrainRadius));
+                                static_cast<double>(d.Grain.Doc.GrainRadius), d.Variables);
     exact = exact && Exactly(play.Log[play.Next], got[i]);
   }
   // A group comes whole or not at all.
@@ -168,6 +169,7 @@ LessonAnswer CheckPress(LessonPlay &play, const Drafting &d, const std::string &
   const std::string objection =
       LessonObjection(step, press, ToolAt(play, play.Next), static_cast<double>(d.Grain.Doc.GrainRadius));
   if (!objection.empty()) return {Kind::Wrong, objection};
+  if (LogsItself(control)) return {}; // comes with what its forms hold
   ++play.Next;
   return {Kind::Good, step.Special};
 }

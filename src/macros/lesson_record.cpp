@@ -1,5 +1,7 @@
 #include "macros/lesson_record.h"
 
+#include "macros/lesson_template.h"
+
 void BeginLessonRecording(LessonRecording &rec, Drafting &d, const Lesson &head) {
   constexpr int recordingMode = 1;
   BeginRecording(rec.Record, d, {}, recordingMode);
@@ -31,6 +33,7 @@ void SetTolerance(LessonRecording &rec, const Drafting &d, double mm) {
 }
 
 void KeepPress(LessonRecording &, Drafting &d, const std::string &control) {
+  if (LogsItself(control)) return;
   Instruction press;
   press.PointArea = LessonPress;
   press.Value4 = control;

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "drafting/command_table.h"
+#include "macros/lesson_template.h"
 #include "macros/play.h"
 #include "platform/controls.h"
 
@@ -92,6 +93,13 @@ std::string Number(double v) { return PlainText(std::round(v * 1e4) / 1e4); }
 
 std::string PlaceText(double x, double y) { return "X=" + Number(x) + ", Y=" + Number(y); }
 
+// As it is to be typed: the formula, where there is one.
+std::string Typed(const Instruction &step, std::size_t which) {
+  const std::string formula = FormulaOf(step, which);
+  const double value[] = {step.Value1, step.Value2, step.Value3};
+  return formula.empty() ? Number(value[which]) : formula;
+}
+
 const char *EntityName(int type) {
   return type == LineType ? "line" : type == CircleType ? "circle" : type == ArcType ? "arc" : "entity";
 }
@@ -113,9 +121,8 @@ std::string ToolMessage(int tool) {
 
 std::string AskedNumbers(const Instruction &step, int lastTool, std::size_t count) {
   std::string text;
-  const double value[] = {step.Value1, step.Value2, step.Value3};
   for (std::size_t i = 0; i < count; ++i) {
-    std::string ask = NumberWords(step, lastTool, i).Ask + Number(value[i]);
+    std::string ask = NumberWords(step, lastTool, i).Ask + Typed(step, i);
     if (!text.empty() && ask[0] == 'E') ask[0] = 'e';
     text += (text.empty() ? "" : ", ") + ask;
   }
@@ -155,7 +162,10 @@ std::string Asked(const Instruction &step, int lastTool) {
            PlaceText(step.Value2, step.Value3);
   if (kind == LogClick && step.Value3 == BackButton) return "Click with the right mouse button";
   if (kind == LogClick) return "Click at " + PlaceText(step.Value1, step.Value2);
-  if (kind == TypedPointKind) return "Key in the point " + PlaceText(step.Value1, step.Value2);
+  if (kind == TypedPointKind) return "Key in the point X=" + Typed(step, 0) + ", Y=" + Typed(step, 1);
+  if (kind == LessonVariable) return "Name a variable " + step.Value4 + " of " + Number(step.Value2);
+  if (kind == LessonName) return "Call it " + step.Value4;
+  if (kind == LessonPromptText) return "Type the prompt \"" + step.Value4 + "\"";
   if (kind == LogAnswers || kind == LogXInput || kind == LogYInput || kind == LogDelta)
     return AskedNumbers(step, lastTool, ValuesOf(step));
   if (kind == LogProperty) return "Set the property of the picked entity to " + Number(step.Value2);
@@ -206,7 +216,7 @@ std::size_t GroupEnd(std::span<const LessonStep> step, std::size_t first) {
   // Sections are asked for at the pick itself.
   if (step[first].Expected.PointArea == LogFoundEnt && is(SegmentsTool) && IsAccept(step[end].Expected))
     ++end;
-  while (is(LogAnswers)) ++end;
+  while (is(LogAnswers) || is(LessonVariable) || is(LessonName) || is(LessonPromptText)) ++end;
   return end;
 }
 
@@ -221,7 +231,8 @@ std::string LessonMessage(std::span<const LessonStep> group, int lastTool) {
   return text;
 }
 
-std::string LessonObjection(const LessonStep &expected, const Instruction &got, int lastTool, double radius) {
+std::string LessonObjection(const LessonStep &expected, const Instruction &got, int lastTool, double radius,
+                            const VariableTable &variables) {
   const Instruction &want = expected.Expected;
   const std::string asked = Asked(want, lastTool);
   const auto wrong = [&](const char *what) { return std::string(what) + "\n" + asked; };
@@ -233,7 +244,8 @@ std::string LessonObjection(const LessonStep &expected, const Instruction &got, 
     if (want.PointArea == LogClick && want.Value3 == BackButton) return {};
     const double apart = std::hypot(got.Value1 - want.Value1, got.Value2 - want.Value2);
     const double least = want.PointArea == LogClick ? near : std::min(near, 0.5e-4);
-    return apart <= least ? "" : wrong("Wrong Position!");
+    if (apart > least) return wrong("Wrong Position!");
+    return want.PointArea == LogClick || SameFormulas(want, got, variables) ? "" : wrong("Wrong Formula!");
   }
   if (IsPick(want.PointArea)) {
     const double apart = std::hypot(got.Value2 - want.Value2, got.Value3 - want.Value3);
@@ -242,13 +254,18 @@ std::string LessonObjection(const LessonStep &expected, const Instruction &got, 
     return fits ? "" : wrong(row ? "Wrong Position!" : "Wrong Entity!");
   }
   if (want.PointArea == LessonPress) return want.Value4 == got.Value4 ? "" : wrong("Wrong Button!");
+  if (want.PointArea == LessonName) return want.Value4 == got.Value4 ? "" : wrong("Wrong Name!");
+  if (want.PointArea == LessonPromptText)
+    return SamePrompt(want.Value4, got.Value4) && want.Value1 == got.Value1 ? "" : wrong("Wrong Prompt!");
+  if (want.PointArea == LessonVariable)
+    return want.Value4 == got.Value4 && Same(want.Value2, got.Value2) ? "" : wrong("Wrong Variable!");
   const double w[] = {want.Value1, want.Value2, want.Value3}, g[] = {got.Value1, got.Value2, got.Value3};
   for (std::size_t i = 0; i < 3; ++i)
     if (!Same(w[i], g[i])) {
       const Words words = NumberWords(want, lastTool, i);
-      return std::string(words.Wrong) + "\n" + words.Ask + Number(w[i]);
+      return std::string(words.Wrong) + "\n" + words.Ask + Typed(want, i);
     }
-  return {};
+  return SameFormulas(want, got, variables) ? "" : wrong("Wrong Formula!");
 }
 
 std::string MissingInput(const LessonStep &expected, int lastTool) {

@@ -1,5 +1,6 @@
 #pragma once
 #include "macros/tutor_file.h"
+#include "macros/variable_table.h"
 
 #include <span>
 #include <string>
@@ -18,6 +19,8 @@ std::string LessonMessage(std::span<const LessonStep> group, int lastTool);
 
 // Compares what the user did with one instruction of the group. Positions may lie apart by its tolerance, a
 // picked row's by five times that; numbers agree to 4 decimals or a millionth. Empty: it fits. Else what was
-// wrong, and after a line end what was expected. radius: of the grain, mm.
-std::string LessonObjection(const LessonStep &expected, const Instruction &got, int lastTool, double radius);
+// wrong, and after a line end what was expected. radius: of the grain, mm. variables: of the template that is
+// recorded in the lesson; formulas of them fit when they agree whatever the variables are.
+std::string LessonObjection(const LessonStep &expected, const Instruction &got, int lastTool, double radius,
+                            const VariableTable &variables = {});
 std::string MissingInput(const LessonStep &expected, int lastTool);

@@ -5,8 +5,8 @@
 #include "drafting/point_fields.h"
 #include "drafting/view.h"
 #include "macros/evaluator.h"
+#include "macros/lesson_template.h"
 #include "macros/play_parts.h"
-#include "macros/tutor_file.h"
 
 #include <algorithm>
 #include <array>
@@ -180,8 +180,8 @@ std::string DrawLog(Drafting &d, const std::vector<Entity> &start, const Variabl
   std::string trouble;
   for (std::size_t next = 0; next < end && trouble.empty();) {
     const std::size_t number = next;
-    if (const int kind = log[next].PointArea; kind == LessonGrain || kind == LessonPress)
-      ++next; // nothing of the drawing
+    if (log[next].PointArea >= LessonGrain) // nothing of the drawing
+      DrawTemplateStep(d, log[next++]);
     else if (trouble = StepInstruction(d, log, next, 1); !trouble.empty())
       trouble = InstructionFault(number, log[number], trouble);
     if (done) done(next);

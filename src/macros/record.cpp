@@ -7,6 +7,8 @@
 #include "macros/take_back.h"
 #include "shell/grain_file.h"
 
+#include <utility>
+
 struct RecordingSaved {
   DraftingStart Own;
   VariableTable Variables;
@@ -69,6 +71,7 @@ MacFile RecordedTemplate(const TemplateRecording &rec, const Drafting &d) {
 }
 
 void EndRecording(TemplateRecording &rec, Drafting &d) {
+  if (std::exchange(rec.InLesson, false)) rec.Running = false;
   if (!rec.Running) return;
   LeaveCommand(d);
   d.Log = {};

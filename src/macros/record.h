@@ -12,6 +12,7 @@ struct RecordingSaved;
 
 struct TemplateRecording {
   bool Running = false;
+  bool InLesson = false;     // it goes into the lesson's log; there is nothing to begin or to end
   std::vector<Entity> Start; // the drawing it begins with
   std::shared_ptr<RecordingSaved> Before;
 };

@@ -5,6 +5,7 @@
 #include "drafting/prompt.h"
 #include "drafting/report.h"
 #include "macros/play_parts.h"
+#include "macros/tutor_file.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,7 +15,7 @@ constexpr int ZoomCommand = 80, RotationDrawSlot = 97;
 
 bool IsSetting(int kind) {
   return (kind > LogRefType && kind < LogDelta) || kind == RotationDrawSlot || kind == LogDeactivateRDraw ||
-         kind == LogPolyOption;
+         kind == LogPolyOption || kind >= LessonGrain;
 }
 
 bool IsButton(const Instruction &step, int tool) { return step.PointArea == tool && step.Value4.empty(); }

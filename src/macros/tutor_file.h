@@ -10,6 +10,10 @@
 enum LessonKind : int {
   LessonGrain = 221, // the first of a lesson: diameter, length, throat in mm; SelectionType: EndsExposed
   LessonPress = 222, // a button that is no tool of the drawing; Value4: its name
+  // Behind the press that begins or ends the recording of a template:
+  LessonVariable = 223,   // row, value, and the name as Value4
+  LessonName = 224,       // Value4: the template's name
+  LessonPromptText = 225, // row, and the prompt as Value4
 };
 
 // An input the user is asked for.

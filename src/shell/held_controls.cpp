@@ -14,16 +14,19 @@ struct HeldRow {
   int In;
   bool OthersDecide = false; // elsewhere, anew each time
 };
-constexpr HeldRow Held[] = {
-    {Ctl::mnuFileNew, NotPlayed},    {Ctl::tbNew, NotPlayed},         {Ctl::mnuFileOpen, NotPlayed},
-    {Ctl::tbOpen, NotPlayed},        {Ctl::mnuImport, NotPlayed},     {Ctl::mnuMRU0, NotPlayed},
-    {Ctl::mnuMRU1, NotPlayed},       {Ctl::mnuMRU2, NotPlayed},       {Ctl::mnuMRU3, NotPlayed},
-    {Ctl::mnuRecovered, NotPlayed},  {Ctl::Recovery_Discard, Always}, {Ctl::Empty_Open, Always},
-    {Ctl::mnuOptions, Always},       {Ctl::tbConfigure, Always},      {Ctl::mnuchoosetemplate, Always},
-    {Ctl::tbTemplates, Always},      {Ctl::Empty_Template, Always},   {Ctl::mnumaketemplate, Always},
-    {Ctl::Intro_Example, Always},    {Ctl::mnuTutor, NotPlayed},      {Ctl::tbTutor, NotPlayed},
-    {Ctl::MacroRecord, Always},      {Ctl::Zoom_Window, Played},      {Ctl::mnuDims, Always, true},
-    {Ctl::Close_Gaps, Always, true}, {Ctl::RunSim2, Template, true}};
+constexpr HeldRow Held[] = {{Ctl::mnuFileNew, NotPlayed},     {Ctl::tbNew, NotPlayed},
+                            {Ctl::mnuFileOpen, NotPlayed},    {Ctl::tbOpen, NotPlayed},
+                            {Ctl::mnuImport, NotPlayed},      {Ctl::mnuMRU0, NotPlayed},
+                            {Ctl::mnuMRU1, NotPlayed},        {Ctl::mnuMRU2, NotPlayed},
+                            {Ctl::mnuMRU3, NotPlayed},        {Ctl::mnuRecovered, NotPlayed},
+                            {Ctl::Recovery_Discard, Always},  {Ctl::Empty_Open, Always},
+                            {Ctl::mnuOptions, Always},        {Ctl::tbConfigure, Always},
+                            {Ctl::mnuchoosetemplate, Always}, {Ctl::tbTemplates, Always},
+                            {Ctl::Empty_Template, Always},    {Ctl::mnumaketemplate, Template | Played},
+                            {Ctl::Intro_Example, Always},     {Ctl::mnuTutor, NotPlayed},
+                            {Ctl::tbTutor, NotPlayed},        {Ctl::MacroRecord, Always},
+                            {Ctl::Zoom_Window, Played},       {Ctl::mnuDims, Always, true},
+                            {Ctl::Close_Gaps, Always, true},  {Ctl::RunSim2, Template, true}};
 constexpr const char *FinishRecording = "Finish or cancel the recording first",
                      *FinishPlay = "Finish or stop the template first", *Leave = "Leave the lesson first";
 

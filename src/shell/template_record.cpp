@@ -4,6 +4,7 @@
 #include "drafting/ask_question.h"
 #include "drafting/command_machine.h"
 #include "drafting/point_fields.h"
+#include "macros/lesson_template.h"
 #include "macros/template_values.h"
 #include "platform/events.h"
 #include "shell/dispatch.h"
@@ -14,7 +15,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <span>
 #include <system_error>
+#include <utility>
 
 namespace {
 constexpr const char *Title = "Make Template";
@@ -47,7 +50,8 @@ std::string AskName(Workbench &bench) {
       Tell(bench, why);
       continue;
     }
-    const std::string there = FindTemplate(bench.Template.Folders, name);
+    const bool kept = !bench.Template.Record.InLesson;
+    const std::string there = kept ? FindTemplate(bench.Template.Folders, name) : "";
     if (there.empty() ||
         Sure(bench, std::filesystem::path(there).filename().string() + " already exists. Replace it?"))
       return name;
@@ -67,6 +71,17 @@ bool PlaysBack(Workbench &bench, const MacFile &mac) {
                                                          : "its play draws something else";
   return why.empty() ||
          Sure(bench, "The template does not repeat what was drawn: " + why + "\nSave it all the same?");
+}
+
+// The steps are those of the lesson; nothing is written.
+void EndInLesson(Workbench &bench, const std::string &name, MacFile &mac) {
+  const LessonPlay &play = bench.Tutor.Play;
+  const std::span<const Instruction> rows =
+      play.Running ? std::span(play.Log).first(play.Next) : std::span(std::as_const(bench.Draft.Log.Row));
+  mac.Log = TemplateOfLesson(rows, mac.Variables.Row[0].Value, mac.Variables.Row[1].Value).Log;
+  if (HasVariables(mac) && !AskPrompts(bench, name, mac)) return;
+  LogTemplateEnd(bench.Draft, name, mac.Variables);
+  End(bench);
 }
 
 bool WriteTemplate(Workbench &bench, const std::string &name, const MacFile &mac) {
@@ -90,6 +105,13 @@ void Macro(Workbench &bench) {
 }
 
 void M2(Workbench &bench) {
+  if (bench.Draft.Log.On) { // of the lesson that is played or recorded
+    LogTemplateBegin(bench.Draft, bench.Template.Named);
+    bench.Template.Record.Running = bench.Template.Record.InLesson = true;
+    bench.Template.Field = Ctl::Count;
+    bench.Out.Focus = Ctl::DrawPanel;
+    return;
+  }
   const std::string trouble = WriteWorkFile(bench.Folders.AppDir + "CurrentWorkFile", bench.Grain);
   if (!trouble.empty()) Tell(bench, trouble);
   BeginRecording(bench.Template.Record, bench.Draft, bench.Template.Named);
@@ -112,6 +134,7 @@ void FinishRecording(Workbench &bench) {
   }
   LeaveCommand(bench.Draft);
   MacFile mac = RecordedTemplate(bench.Template.Record, bench.Draft);
+  if (bench.Template.Record.InLesson) return EndInLesson(bench, name, mac);
   if (!PlaysBack(bench, mac) || (HasVariables(mac) && !AskPrompts(bench, name, mac))) return;
   if (!WriteTemplate(bench, name, mac)) return;
   End(bench);
@@ -119,7 +142,14 @@ void FinishRecording(Workbench &bench) {
 }
 
 bool CancelRecording(Workbench &bench) {
-  return Sure(bench, "Are you sure you want to cancel creating template?") && End(bench);
+  return !bench.Template.Record.InLesson &&
+         Sure(bench, "Are you sure you want to cancel creating template?") && End(bench);
+}
+
+void FollowLessonTemplate(Workbench &bench, const LessonPlay &play) {
+  TemplateRecording &record = bench.Template.Record;
+  if (play.Running && (!record.Running || record.InLesson))
+    record.Running = record.InLesson = InTemplate(std::span(play.Log).first(play.Next));
 }
 
 Ctl ToolWanted(Workbench &bench, Ctl tool) {

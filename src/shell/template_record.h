@@ -8,6 +8,10 @@ void M2(Workbench &);              // the recording begins with the variables na
 void FinishRecording(Workbench &); // asks for the name and the prompts, and writes the template
 bool CancelRecording(Workbench &); // asks; false: it goes on
 
+// While a lesson is played or recorded the template's inputs are the lesson's, and no file comes of them.
+// After CheckLesson: whether the recording runs is what the lesson's steps up to here say.
+void FollowLessonTemplate(Workbench &, const LessonPlay &);
+
 bool AskVariableNames(Workbench &);                 // VariableNameForm; false: called off
 void VariableNameEvent(Workbench &, const Event &); // of VariableNameForm
 void MacroParamsEvent(Workbench &, const Event &);

@@ -9,6 +9,7 @@
 namespace {
 std::string StripText(const Workbench &bench) {
   const TemplateState &state = bench.Template;
+  if (state.Record.InLesson) return "Recording a template, as a lesson: it is not kept.";
   if (state.Record.Running) {
     const std::size_t steps = bench.Draft.Log.Row.size();
     return "Recording a template: " + std::to_string(steps) + (steps == 1 ? " step" : " steps") +
@@ -45,7 +46,7 @@ void RefreshTemplates(Workbench &bench) {
   out[Ctl::Stop_Macro].Visible = recording || playing;
   out[Ctl::Stop_Macro].Hint =
       recording ? "Names the template and keeps it" : "Puts the design back as it was";
-  out[Ctl::Cancel_Macro].Visible = recording;
+  out[Ctl::Cancel_Macro].Visible = recording && !state.Record.InLesson;
   out[Ctl::Cancel_Macro].Hint = "Gives the template up; the drawing stays";
   out[Ctl::MacroParams_Value].Checked = !state.ByMouse;
   out[Ctl::MacroParams_Mouse].Checked = state.ByMouse;

@@ -10,6 +10,7 @@
 #include "shell/grain_file.h"
 #include "shell/script_lessons.h"
 #include "shell/template_play.h"
+#include "shell/template_record.h"
 #include "shell/tutor_author.h"
 #include "shell/tutor_record.h"
 
@@ -261,8 +262,8 @@ void FollowLesson(Workbench &bench) {
   TutorState &t = bench.Tutor;
   if (LessonRecords(t.Rec.Lesson)) return AskForMessages(bench);
   if (!LessonPlays(bench)) return;
-  if (!bench.Template.Record.Running && !bench.Template.Play.Running) // those have a log of their own
-    Heed(bench, CheckLesson(t.Play, bench.Draft));
+  if (!bench.Template.Play.Running) Heed(bench, CheckLesson(t.Play, bench.Draft));
+  FollowLessonTemplate(bench, t.Play);
   if (!t.Stale || bench.Sim.ResultMode) return;
   t.Stale = false;
   RedrawPanel(bench.Draft);
