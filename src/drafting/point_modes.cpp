@@ -79,21 +79,6 @@ void Append(Drafting &d, Point at) {
   if (cmd.RefType == KeyInRef) cmd.RefType = CursorRef;
 }
 
-void LogPosition(Drafting &d, Point p) {
-  // One coordinate was typed and the other pointed at.
-  for (const auto &[keyed, field, i] :
-       {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}}) {
-    const std::string &text = d.Out[field].Text;
-    if (!d.Log.On || !keyed || FieldsOf(d) != FieldUse::Position || IsPlainNumber(text)) continue;
-    const Formula formula = FieldFormula(d, text);
-    if (formula.Good() && std::abs(formula.Value) <= MostLength) d.Log.Place[i] = text;
-  }
-  if (d.Typed.Entered)
-    LogTypedPoint(d, p);
-  else
-    LogInput(d, LogClick, p.X, p.Y, 1);
-}
-
 // The row that was picked when the log was recorded, if it is still of its kind.
 bool RecordedRow(const Drafting &d, int typeMask, bool allowSelected) {
   if (!d.Play.On || d.Play.Row < 0 || d.Play.Row > d.Grain.Table.EntCount) return false;
@@ -243,6 +228,21 @@ bool TrackerHolds(const Drafting &d, Point p) {
          row <= d.Grain.Table.EntCount;
 }
 } // namespace
+
+void LogPosition(Drafting &d, Point p) {
+  // One coordinate was typed and the other pointed at.
+  for (const auto &[keyed, field, i] :
+       {std::tuple{d.Cmd.KeyInX, Ctl::X_Input, 0u}, {d.Cmd.KeyInY, Ctl::Y_Input, 1u}}) {
+    const std::string &text = d.Out[field].Text;
+    if (!d.Log.On || !keyed || FieldsOf(d) != FieldUse::Position || IsPlainNumber(text)) continue;
+    const Formula formula = FieldFormula(d, text);
+    if (formula.Good() && std::abs(formula.Value) <= MostLength) d.Log.Place[i] = text;
+  }
+  if (d.Typed.Entered)
+    LogTypedPoint(d, p);
+  else
+    LogInput(d, LogClick, p.X, p.Y, 1);
+}
 
 PickedRow PickEntity(Drafting &d, Point p, int typeMask, std::string_view none, int kind, bool allowSelected,
                      bool grainCircle) {

@@ -21,6 +21,7 @@ bool PointInput(Drafting &, Point);
 
 // A position taken as it stands (a side, a corner): appended and logged.
 void TakePosition(Drafting &, Point);
+void LogPosition(Drafting &, Point); // of a click, or typed, with its formulas
 
 void MarkPoint(Drafting &, Point);
 

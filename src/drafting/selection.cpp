@@ -39,7 +39,7 @@ void PickOne(Drafting &d, Point at) {
 }
 
 void TakeCorner(Drafting &d, Point at) {
-  LogInput(d, LogClick, at.X, at.Y, 1);
+  LogPosition(d, at);
   if (d.Cmd.CmdState == 0) {
     d.Cmd.AnchorX = at.X;
     d.Cmd.AnchorY = at.Y;
