@@ -128,9 +128,6 @@ FormDialog *MakeAbout(Sender send, QWidget *parent) {
   auto *text = Bind(dialog->Controls, Ctl::About_Text, new QLabel);
   text->setMinimumWidth(380);
   column->addLayout(Heading("Morvandel", text, *dialog));
-  auto *buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(DialogButton(dialog->Controls, Ctl::About_OK, true));
-  column->addLayout(buttons);
+  AddDialogButtons(*dialog, *column, Ctl::About_OK);
   return dialog;
 }

@@ -66,7 +66,7 @@ void AddDialogButtons(FormDialog &dialog, QVBoxLayout &column, Ctl chief, Ctl ca
   if (left != Ctl::Count) row->addWidget(DialogButton(dialog.Controls, left, false));
   row->addSpacing(24);
   row->addStretch();
-  row->addWidget(DialogButton(dialog.Controls, cancel, false));
+  if (cancel != Ctl::Count) row->addWidget(DialogButton(dialog.Controls, cancel, false));
   row->addWidget(DialogButton(dialog.Controls, chief, true));
   column.addLayout(row);
 }

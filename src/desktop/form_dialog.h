@@ -24,5 +24,5 @@ protected:
 
 QVBoxLayout *Column(FormDialog &); // its layout, as large as what it holds
 QPushButton *DialogButton(Bindings &, Ctl, bool chief);
-// At the foot: `left` alone at the left (Ctl::Count: none), then cancel and the chief one.
-void AddDialogButtons(FormDialog &, QVBoxLayout &, Ctl chief, Ctl cancel, Ctl left = Ctl::Count);
+// At the foot: `left` alone at the left, then cancel and the chief one; Ctl::Count: no such button.
+void AddDialogButtons(FormDialog &, QVBoxLayout &, Ctl chief, Ctl cancel = Ctl::Count, Ctl left = Ctl::Count);

@@ -1,6 +1,7 @@
 #include "desktop/form_parts.h"
 
 #include "desktop/figure_label.h"
+#include "desktop/theme.h"
 #include "platform/events.h"
 
 #include <QComboBox>
@@ -10,6 +11,10 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+
+const Theme &ThemeOf(const Screen &screen) {
+  return screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme();
+}
 
 QHBoxLayout *RowLayout(int space) {
   auto *row = new QHBoxLayout;
@@ -103,6 +108,16 @@ void FitScroll(QScrollArea &area) {
   if (whole.height() > room.height()) wanted.rwidth() += bar;
   if (whole.width() > room.width()) wanted.rheight() += bar;
   area.setFixedSize(wanted.boundedTo(room));
+}
+
+QLabel *BadNote(int lines) {
+  auto *note = new QLabel;
+  note->setWordWrap(true);
+  note->setProperty("bad", true);
+  note->setFont(TypeFont(Type::Small));
+  note->setAlignment(Qt::AlignTop);
+  note->setMinimumHeight(lines * QFontMetrics(note->font()).lineSpacing());
+  return note;
 }
 
 void SetMark(QWidget &field, bool bad) {

@@ -9,8 +9,12 @@ class QComboBox;
 class QGridLayout;
 class QPushButton;
 class QScrollArea;
+struct Theme;
 
 // What forms of many numbers are made of.
+
+inline Ctl NthControl(Ctl first, int n) { return static_cast<Ctl>(static_cast<int>(first) + n); }
+const Theme &ThemeOf(const Screen &);
 
 QHBoxLayout *RowLayout(int space = 8); // without margins, as the next two
 QVBoxLayout *ColumnLayout(QWidget *pane, int space);
@@ -30,5 +34,6 @@ void AddFigures(QGridLayout &, Bindings &, std::span<const FigurePlace>, int col
 QScrollArea *LowScroll(QWidget *content); // of a dialog: a low or narrow screen scrolls it
 void FitScroll(QScrollArea &);            // to its content, or to what the screen leaves
 
+QLabel *BadNote(int lines); // why something cannot be used, with room for so many lines
 void SetMark(QWidget &field, bool bad);
 void MarkFields(Bindings &, const Screen &); // each field whose hint says what is wrong with it

@@ -1,5 +1,6 @@
 #include "desktop/dialogs.h"
 #include "desktop/event_codes.h"
+#include "desktop/form_parts.h"
 #include "desktop/panes.h"
 #include "desktop/picture_view.h"
 #include "desktop/pop_up_list.h"
@@ -171,7 +172,7 @@ FormDialog *MakeGallery(Sender send, QWidget *parent) {
   menu->actions().front()->setVisible(false);
   dialog->Follow = [list, note](const Screen &screen) {
     note->setVisible(!screen[Ctl::Gallery_Note].Text.empty());
-    list->Copy(screen, screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme());
+    list->Copy(screen, ThemeOf(screen));
   };
   return dialog;
 }

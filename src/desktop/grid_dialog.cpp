@@ -1,4 +1,5 @@
 #include "desktop/dialogs.h"
+#include "desktop/form_parts.h"
 
 #include "desktop/command_frames.h"
 #include "desktop/panes.h"
@@ -118,8 +119,6 @@ FormDialog *MakeGridControl(Sender send, QWidget *parent) {
   colours->addStretch();
   column->addLayout(colours);
   AddDialogButtons(*dialog, *column, Ctl::Grid_OK, Ctl::Grid_Cancel, Ctl::SaveAsDefault);
-  dialog->Follow = [preview](const Screen &screen) {
-    preview->Show(LookOf(screen, screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme()));
-  };
+  dialog->Follow = [preview](const Screen &screen) { preview->Show(LookOf(screen, ThemeOf(screen))); };
   return dialog;
 }

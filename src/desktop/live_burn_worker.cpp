@@ -30,10 +30,22 @@ void LiveBurnWorker::Run() {
     const Job job = *std::exchange(Waiting, std::nullopt);
     hold.unlock();
     job.Work();
-    const auto take = [this, done = job.Done] {
-      done();
-      After();
-    };
-    QMetaObject::invokeMethod(&Window, take, Qt::QueuedConnection);
+    Post(job.Done);
   }
+}
+
+void LiveBurnWorker::Tell(std::function<void()> news) {
+  constexpr std::chrono::milliseconds apart(50);
+  const auto now = std::chrono::steady_clock::now();
+  if (now - Told < apart) return;
+  Told = now;
+  Post(std::move(news));
+}
+
+void LiveBurnWorker::Post(std::function<void()> call) {
+  const auto take = [this, call = std::move(call)] {
+    call();
+    After();
+  };
+  QMetaObject::invokeMethod(&Window, take, Qt::QueuedConnection);
 }

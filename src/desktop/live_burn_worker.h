@@ -1,6 +1,7 @@
 #pragma once
 #include <QObject>
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -18,12 +19,16 @@ public:
 
   // `work` runs in the thread, `done` in the window's, from its event loop.
   void Start(std::function<void()> work, std::function<void()> done);
+  // From the job at work: `news` runs in the window's thread, not sooner after the last one than a picture
+  // takes; what comes sooner is left out.
+  void Tell(std::function<void()> news);
 
 private:
   struct Job {
     std::function<void()> Work, Done;
   };
   void Run();
+  void Post(std::function<void()> call);
 
   std::function<void()> After;
   QObject Window; // lives in the window's thread: calls queued for it end with it
@@ -31,5 +36,6 @@ private:
   std::condition_variable Wake;
   std::optional<Job> Waiting;
   bool Ending = false;
-  std::thread Thread; // from the first job on
+  std::chrono::steady_clock::time_point Told; // by the job
+  std::thread Thread;                         // from the first job on
 };

@@ -22,6 +22,8 @@ public:
   void Wait(double seconds) override;
   bool Progress(double part) override;
   void StartWork(std::function<void()> work, std::function<void()> done) override;
+  void StartSearch(std::function<void(const std::function<void()> &tell)> work, std::function<void()> news,
+                   std::function<void()> done) override;
   void StartDiagnosis(std::function<void()> work, std::function<void()> done) override;
 
   void StartSolids(std::function<void()> work, std::function<void()> done) override;
@@ -44,5 +46,6 @@ private:
   const Theme *Colours = nullptr;
   Ctl Used = Ctl::Count; // of the last event outside of a dialog
   bool WasShown = false;
-  LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }}, Mesher{[this] { Mirror(); }};
+  LiveBurnWorker Worker{[this] { Mirror(); }}, Diagnoser{[this] { Mirror(); }}, Mesher{[this] { Mirror(); }},
+      Seeker{[this] { Mirror(); }};
 };

@@ -15,12 +15,6 @@
 
 namespace {
 constexpr int RowCount = 10;
-
-Ctl Nth(Ctl first, int row) { return static_cast<Ctl>(static_cast<int>(first) + row); }
-
-const Theme &ThemeOf(const Screen &screen) {
-  return screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme();
-}
 } // namespace
 
 FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
@@ -39,8 +33,8 @@ FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
   for (int row = 0; row < RowCount; ++row) {
     auto *number = Quiet(new QLabel(QString::number(row + 1)));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    auto *name = BindField(dialog->Controls, Nth(Ctl::Text1_0, row), new QLineEdit);
-    auto *value = BindField(dialog->Controls, Nth(Ctl::Variable_Value0, row), new QLineEdit);
+    auto *name = BindField(dialog->Controls, NthControl(Ctl::Text1_0, row), new QLineEdit);
+    auto *value = BindField(dialog->Controls, NthControl(Ctl::Variable_Value0, row), new QLineEdit);
     name->setMinimumWidth(220);
     name->setAccessibleName(QString("Name %1").arg(row + 1));
     value->setAccessibleName(QString("Value %1").arg(row + 1));
@@ -53,13 +47,7 @@ FormDialog *MakeVariableNames(Sender send, QWidget *parent) {
   }
   auto *area = LowScroll(rows);
   column->addWidget(area);
-  auto *note = Bind(dialog->Controls, Ctl::Variable_Note, new QLabel);
-  note->setWordWrap(true);
-  note->setProperty("bad", true);
-  note->setFont(TypeFont(Type::Small));
-  note->setAlignment(Qt::AlignTop);
-  note->setMinimumHeight(2 * QFontMetrics(note->font()).height() + 4);
-  column->addWidget(note);
+  column->addWidget(Bind(dialog->Controls, Ctl::Variable_Note, BadNote(2)));
   AddDialogButtons(*dialog, *column, Ctl::Variable_Next, Ctl::Variable_Cancel);
   dialog->Follow = [dialog, area](const Screen &screen) {
     MarkFields(dialog->Controls, screen);
@@ -98,10 +86,7 @@ FormDialog *MakeTemplateFile(Sender send, QWidget *parent) {
   even.setPointSizeF(TypeFont(Type::Small).pointSizeF());
   text->setFont(even);
   column->addWidget(text);
-  auto *row = new QHBoxLayout;
-  row->addStretch();
-  row->addWidget(DialogButton(dialog->Controls, Ctl::Template_File_Close, true));
-  column->addLayout(row);
+  AddDialogButtons(*dialog, *column, Ctl::Template_File_Close);
   dialog->Follow = [text](const Screen &screen) {
     const QString wanted = QString::fromStdString(screen[Ctl::Template_File_Text].Text);
     if (text->toPlainText() != wanted) text->setPlainText(wanted);
@@ -117,10 +102,7 @@ FormDialog *MakePreview(Sender send, QWidget *parent) {
   auto *picture = Bind(dialog->Controls, Ctl::GrainPic,
                        new PictureView(std::min(600, dialog->screen()->availableGeometry().height() - 140)));
   column->addWidget(picture);
-  auto *row = new QHBoxLayout;
-  row->addStretch();
-  row->addWidget(DialogButton(dialog->Controls, Ctl::Preview_Close, true));
-  column->addLayout(row);
+  AddDialogButtons(*dialog, *column, Ctl::Preview_Close);
   dialog->Follow = [picture](const Screen &screen) {
     picture->Copy(screen.Template_Picture, ThemeOf(screen));
   };

@@ -4,6 +4,7 @@
 #include "desktop/form_parts.h"
 #include "desktop/panes.h"
 #include "desktop/picture_view.h"
+#include "desktop/template_search_pane.h"
 #include "platform/events.h"
 
 #include <QCheckBox>
@@ -14,8 +15,7 @@
 
 namespace {
 constexpr int RowCount = 10, UpKey = 38, DownKey = 40;
-
-Ctl Nth(Ctl first, int row) { return static_cast<Ctl>(static_cast<int>(first) + row); }
+enum Place { Words = 0, Spin = 2, Slider = 3, Vary = 4, From = 5, To = 6, Unit = 7 };
 
 constexpr Ctl Figures[] = {Ctl::Template_FirstKn, Ctl::Template_MaxKn, Ctl::Template_Neutrality,
                            Ctl::Template_Sliver, Ctl::Template_Loading};
@@ -41,10 +41,11 @@ struct ValueRow {
   QLabel *Caption;
   QLineEdit *Prompt;
   QPushButton *Less, *More;
+  QLabel *Unit;
 };
 
 ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
-  const Ctl prompt = Nth(Ctl::Prompt0, row), value = Nth(Ctl::VariableName0, row);
+  const Ctl prompt = NthControl(Ctl::Prompt0, row), value = NthControl(Ctl::VariableName0, row);
   auto *caption = new QLabel;
   caption->setFixedWidth(190);
   caption->setWordWrap(true);
@@ -54,25 +55,28 @@ ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
   words->setAccessibleName(QString("Prompt %1").arg(row + 1));
   auto *field = NumberField(bindings, value, QString("Value %1").arg(row + 1), 10);
   caption->setBuddy(field);
-  auto *slider = BindSlider(bindings, Nth(Ctl::Variable_Slider0, row), new QSlider(Qt::Horizontal));
+  auto *slider = BindSlider(bindings, NthControl(Ctl::Variable_Slider0, row), new QSlider(Qt::Horizontal));
   slider->setAccessibleName(QString("Slider %1").arg(row + 1));
   slider->setMinimumWidth(170);
-  auto *unit = Bind(bindings, Nth(Ctl::Variable_Unit0, row), Quiet(new QLabel));
-  unit->setMinimumWidth(QFontMetrics(unit->font()).horizontalAdvance("mm, 20.00 to 80.00"));
+  auto *unit = Bind(bindings, NthControl(Ctl::Variable_Unit0, row), Quiet(new QLabel));
   auto *spin = RowLayout(2);
   auto *less = StepButton(bindings, value, row, false), *more = StepButton(bindings, value, row, true);
   spin->addWidget(less);
   spin->addWidget(field);
   spin->addWidget(more);
-  grid.addWidget(caption, row, 0);
-  grid.addWidget(words, row, 0); // either of them shows
-  grid.addLayout(spin, row, 2);
-  grid.addWidget(slider, row, 3);
-  grid.addWidget(unit, row, 4);
-  return {caption, words, less, more};
+  const int line = row + 1; // below the heads
+  grid.addWidget(caption, line, Words);
+  grid.addWidget(words, line, Words); // either of them shows
+  grid.addLayout(spin, line, Spin);
+  grid.addWidget(slider, line, Slider);
+  AddRange(grid, bindings, row, line, Vary);
+  grid.addWidget(unit, line, Unit);
+  return {caption, words, less, more, unit};
 }
 
-void CopyRow(const ValueRow &row, const Control &prompt, const Control &value) {
+void CopyRow(const ValueRow &row, const Control &prompt, const Control &value, bool searched) {
+  row.Unit->setMinimumWidth(
+      searched ? 0 : QFontMetrics(row.Unit->font()).horizontalAdvance("mm, 20.00 to 80.00"));
   row.Caption->setVisible(prompt.Visible && !prompt.Enabled);
   row.Caption->setEnabled(true);
   row.Prompt->setVisible(prompt.Visible && prompt.Enabled);
@@ -102,15 +106,15 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   grid->setVerticalSpacing(8);
   std::vector<ValueRow> rows;
   for (int row = 0; row < RowCount; ++row) rows.push_back(AddRow(*grid, bindings, row));
-  grid->setColumnStretch(3, 1);
+  auto *from = Quiet(new QLabel("from")), *to = Quiet(new QLabel("to"));
+  for (QLabel *name : {from, to}) name->setAlignment(Qt::AlignRight);
+  grid->addWidget(from, 0, From);
+  grid->addWidget(to, 0, To);
+  grid->setColumnStretch(Slider, 1);
   left->addLayout(grid);
-  auto *note = Bind(bindings, Ctl::Template_Note, new QLabel);
-  note->setWordWrap(true);
-  note->setProperty("bad", true);
-  note->setFont(TypeFont(Type::Small));
-  note->setAlignment(Qt::AlignTop);
-  note->setMinimumHeight(4 * QFontMetrics(note->font()).height());
-  left->addWidget(note);
+  left->addWidget(Bind(bindings, Ctl::Template_Note, BadNote(4)));
+  const SearchPane search = BuildSearchPane(bindings);
+  left->addWidget(search.Pane);
   left->addStretch();
   halves->addLayout(left);
 
@@ -150,22 +154,29 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   auto *steps = new QCheckBox;
   BindButton(bindings, Ctl::Template_Steps, steps);
   buttons->addWidget(steps);
+  buttons->addSpacing(16);
+  auto *optimise = DialogButton(bindings, Ctl::Template_Optimise, false);
+  optimise->setCheckable(true);
+  buttons->addWidget(optimise);
   buttons->addStretch();
   buttons->addWidget(DialogButton(bindings, Ctl::Template_Cancel, false));
   buttons->addWidget(DialogButton(bindings, Ctl::Template_Accept, true));
   column->addLayout(buttons);
 
   dialog->Follow = [=, &bindings](const Screen &screen) {
-    const Theme &theme = screen[Ctl::mnuThemeDark].Checked ? DarkTheme() : LightTheme();
+    const Theme &theme = ThemeOf(screen);
+    const bool searched = screen[Ctl::Optimise_Frame].Visible;
     MarkFields(bindings, screen);
+    CopySearch(search, screen);
+    for (QLabel *name : {from, to}) name->setVisible(searched);
     for (int row = 0; row < RowCount; ++row) {
-      CopyRow(rows[static_cast<std::size_t>(row)], screen[Nth(Ctl::Prompt0, row)],
-              screen[Nth(Ctl::VariableName0, row)]);
+      CopyRow(rows[static_cast<std::size_t>(row)], screen[NthControl(Ctl::Prompt0, row)],
+              screen[NthControl(Ctl::VariableName0, row)], searched);
       auto *words = rows[static_cast<std::size_t>(row)].Prompt;
       SetMark(*words, false); // its hint is an example
       words->setToolTip({});
-      words->setPlaceholderText(QString::fromStdString(screen[Nth(Ctl::Prompt0, row)].Hint));
-      if (auto *field = qobject_cast<QLineEdit *>(Find(bindings, Nth(Ctl::VariableName0, row)));
+      words->setPlaceholderText(QString::fromStdString(screen[NthControl(Ctl::Prompt0, row)].Hint));
+      if (auto *field = qobject_cast<QLineEdit *>(Find(bindings, NthControl(Ctl::VariableName0, row)));
           field && !field->hasFocus())
         field->setCursorPosition(0); // its beginning is to be read
     }
