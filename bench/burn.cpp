@@ -1,24 +1,15 @@
 // The whole burn by number of entities, with and without its work files, and the text it stands on.
 #include "base/number_text.h"
 #include "burnback/burn_run.h"
-#include "burnback/designs.h"
 #include "scratch_folder.h"
 #include "shell/grain_file.h"
+#include "stars.h"
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 
 namespace {
-
-// A star with both fillets, four entities a point, in a grain of 100 mm.
-Design FilletedStar(int entities) {
-  const int points = entities / 4;
-  Design design = MakeDesign(100, 300, 20, 3);
-  const double fillet = 8.0 / points;
-  AddRows(design, RoundedPolygon(StarCorners(points, 35, 25, 0.1, fillet, fillet)));
-  return design;
-}
 
 void RunBurn(benchmark::State &state, const BurnOptions &options) {
   const Design design = FilletedStar(static_cast<int>(state.range(0)));

@@ -1,7 +1,6 @@
 // What a person sees of one event, in the real window: pictures painted, curve shown. For a display of
 // 1920 x 1080, such as xvfb-run -s "-screen 0 1920x1080x24" gives.
 #include "base/whole_file.h"
-#include "burnback/designs.h"
 #include "desktop/qt_screen.h"
 #include "desktop/scene_painter.h"
 #include "desktop/window_style.h"
@@ -12,10 +11,12 @@
 #include "shell/dispatch.h"
 #include "shell/grain_file.h"
 #include "shell/start_up.h"
+#include "stars.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QImage>
 #include <cmath>
 #include <string>
 
@@ -27,12 +28,8 @@ struct Program {
   Workbench Bench{Screen};
 
   explicit Program(int entities) {
-    const int points = entities / 4;
-    const double fillet = 8.0 / points;
-    Design design = MakeDesign(100, 300, 20, 3);
-    AddRows(design, RoundedPolygon(StarCorners(points, 35, 25, 0.1, fillet, fillet)));
     const std::string file = Folder.Path + "star.mvd";
-    WriteGrainFile(file, design);
+    WriteGrainFile(file, FilletedStar(entities));
     WriteWhole(Folder.Path + "IntroFile.txt", "1\r\n");
     WriteWhole(Folder.Path + "settings.ini",
                "[Settings]\nMainLeft=0\nMainTop=0\nMainWidth=1920\nMainHeight=1080\nTheme=Light\n");
@@ -96,7 +93,8 @@ void MoveInLine(benchmark::State &state) { PointerMove(state, 1); }
 void MoveInSectionTrim(benchmark::State &state) { PointerMove(state, 69); }
 } // namespace
 
-// The 3D view by itself: the first picture with all that goes before it, and the pictures of a turn.
+// The 3D view by itself: the first picture with all that goes before it, and the pictures of a turn: plain,
+// with many samples to a pixel, with two bitmaps.
 void OpenSolids(benchmark::State &state) {
   Program program(24);
   for (auto _ : state) {
@@ -116,10 +114,19 @@ void TurnSolids(benchmark::State &state) {
   program.Send(Event::Kind::Resize, Ctl::Picture1, 1280, 800);
   while (program.Bench.View.UnderWay) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   ScenePainter painter;
-  const bool smooth = state.range(0) != 0;
+  const bool smooth = state.range(0) == 1;
+  std::string bitmap;
+  if (state.range(0) == 2) {
+    bitmap = program.Folder.Path + "bitmap.png";
+    QImage image(1024, 1024, QImage::Format_RGB32);
+    for (int y = 0; y < 1024; ++y)
+      for (int x = 0; x < 1024; ++x) image.setPixelColor(x, y, QColor(x * y % 251, x & 255, y & 255));
+    image.save(QString::fromStdString(bitmap));
+  }
   for (auto _ : state) {
     Orbit(program.Bench.View.Eye, 7, 0);
     RefreshView3d(program.Bench);
+    program.Screen.View3d.Texture = {bitmap, bitmap, ""};
     if (painter.Paint(program.Screen.View3d, {1280, 800}, {Qt::white, Qt::gray, Qt::black, 0.3}, smooth)
             .isNull())
       state.SkipWithError("no picture");
@@ -127,7 +134,7 @@ void TurnSolids(benchmark::State &state) {
 }
 
 BENCHMARK(OpenSolids)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(TurnSolids)->Arg(0)->Arg(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(TurnSolids)->Arg(0)->Arg(1)->Arg(2)->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(EditToNewCurve)->Arg(12)->Arg(300)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(FullRepaint)->Arg(300)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveInLine)->Arg(300)->Unit(benchmark::kMillisecond);

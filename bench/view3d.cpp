@@ -1,5 +1,5 @@
 // From a front to a closed mesh, the section it stands on, and the cut through it, by number of entities.
-#include "burnback/designs.h"
+#include "stars.h"
 #include "view3d/cut_mesh.h"
 #include "view3d/solids.h"
 
@@ -7,12 +7,8 @@
 
 namespace {
 
-// A star with both fillets, four entities a point, in a grain of 100 mm.
 FrontStart StarFront(int entities) {
-  const int points = entities / 4;
-  Design design = MakeDesign(100, 300, 20, 3);
-  const double fillet = 8.0 / points;
-  AddRows(design, RoundedPolygon(StarCorners(points, 35, 25, 0.1, fillet, fillet)));
+  const Design design = FilletedStar(entities);
   FrontStart start;
   BurnRefusal refusal;
   PrepareFront(design, start, refusal);

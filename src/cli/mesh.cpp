@@ -12,6 +12,7 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
 
@@ -23,12 +24,18 @@ int Fail(int code, const std::string &words) {
 }
 
 std::string BuildPart(const MeshArguments &a, const Design &design, const FrontStart &start, double chord,
-                      Mesh &mesh) {
+                      Mesh &mesh, std::string &pieces) {
   const GrainEnds ends = EndsOf(design.Doc);
   if (a.HasDraft) return DraftedCoreMesh(start, ends, chord, a.Draft, mesh);
   GrainSection section;
   if (std::string trouble = SectionAt(start, a.At, section); !trouble.empty()) return trouble;
-  if (a.Part == "grain") return GrainMesh(section, ends, chord, mesh);
+  if (a.Part == "grain") {
+    const auto loose = std::count_if(section.Group.begin(), section.Group.end(),
+                                     [](const SectionGroup &group) { return group.Loose; });
+    if (section.Group.size() > 1) pieces = fmt::format(", in {} pieces", section.Group.size());
+    if (loose > 0) pieces += fmt::format(", {} of them loose", loose);
+    return GrainMesh(section, ends, chord, mesh);
+  }
   if (a.Part == "core") return CoreMesh(section, ends, chord, mesh);
   return LinerMesh(section, ends, design.Doc.LinerThickness, chord, mesh);
 }
@@ -74,7 +81,8 @@ int MeshCommand(const MeshArguments &a) {
   if (!PrepareFront(design, start, refusal))
     return Fail(refusal.BadUse ? BadUse : Refused, RefusalWords(refusal));
   Mesh mesh;
-  if (std::string trouble = BuildPart(a, design, start, chord, mesh); !trouble.empty())
+  std::string pieces;
+  if (std::string trouble = BuildPart(a, design, start, chord, mesh, pieces); !trouble.empty())
     return Fail(Refused, trouble);
 
   std::string trouble;
@@ -86,7 +94,7 @@ int MeshCommand(const MeshArguments &a) {
                          [&](const std::string &draft) { return WriteThreeMf(draft, mesh, name); });
   if (trouble.empty()) trouble = MoveIntoPlace(outputs);
   if (!trouble.empty()) return Fail(BadUse, trouble);
-  fmt::print("{} at {} mm: {} triangles, {:.6g} cm3\n", a.Part, PlainText(a.At), mesh.Triangle.size(),
-             VolumeOf(mesh) / 1000);
+  fmt::print("{} at {} mm: {} triangles, {:.6g} cm3{}\n", a.Part, PlainText(a.At), mesh.Triangle.size(),
+             VolumeOf(mesh) / 1000, pieces);
   return Done;
 }

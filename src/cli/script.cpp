@@ -3,6 +3,7 @@
 #include "base/whole_file.h"
 #include "cli/exit_codes.h"
 #include "cli/outputs.h"
+#include "cli/private_folder.h"
 #include "drafting/view.h"
 #include "outputs/picture.h"
 #include "platform/scripted_screen.h"
@@ -11,12 +12,7 @@
 #include "shell/play_script.h"
 #include "shell/start_up.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <fmt/format.h>
-#include <system_error>
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -26,22 +22,6 @@ int Fail(int code, std::string words) {
   fmt::print(stderr, "{}\n", words);
   return code;
 }
-
-// Work files of one run; the user's own are never touched.
-struct PrivateFolder {
-  std::string Path; // ends with the separator; empty: it could not be made
-  PrivateFolder() {
-    std::error_code problem;
-    std::string made = (fs::temp_directory_path(problem) / "morvandel-script-XXXXXX").string();
-    if (!problem && mkdtemp(made.data())) Path = made + "/";
-  }
-  PrivateFolder(const PrivateFolder &) = delete;
-  PrivateFolder &operator=(const PrivateFolder &) = delete;
-  ~PrivateFolder() {
-    std::error_code none;
-    if (!Path.empty()) fs::remove_all(Path, none);
-  }
-};
 
 bool Start(Workbench &bench, const std::string &folder, const std::string &design) {
   WriteWhole(folder + "IntroFile.txt", "1\r\n"); // no intro page

@@ -1,32 +1,15 @@
 #include "cli/script_source.h"
 
 #include "base/whole_file.h"
+#include "cli/private_folder.h"
 #include "shell/start_up.h"
 #include "shell/work_folder.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 namespace fs = std::filesystem;
-
-namespace {
-struct PrivateFolder {
-  std::string Path;
-  PrivateFolder() {
-    std::error_code problem;
-    std::string name = (fs::temp_directory_path(problem) / "morvandel-source-XXXXXX").string();
-    if (!problem && mkdtemp(name.data())) Path = name + "/";
-  }
-  PrivateFolder(const PrivateFolder &) = delete;
-  PrivateFolder &operator=(const PrivateFolder &) = delete;
-  ~PrivateFolder() {
-    std::error_code none;
-    if (!Path.empty()) fs::remove_all(Path, none);
-  }
-};
-} // namespace
 
 std::vector<std::string> ScriptSources(const std::string &folder) {
   std::vector<std::string> sources;

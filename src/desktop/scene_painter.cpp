@@ -13,10 +13,12 @@
 #include <QOpenGLTexture>
 #include <QOpenGLVersionFunctionsFactory>
 #include <QOpenGLVertexArrayObject>
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
-constexpr int Samples = 4, MostTextureSide = 2048, TextureCount = 3;
+constexpr int Samples = 4, MostTextureSide = 2048, TextureCount = 3, MaterialCount = 4;
 
 struct GpuVertex {
   float Place[3], Normal[3], Surface;
@@ -37,6 +39,22 @@ QVector3D Rgb(std::uint32_t colour) {
   const auto part = [colour](int shift) { return static_cast<float>(colour >> shift & 255) / 255.0F; };
   return {part(0), part(8), part(16)};
 }
+
+// Those with bitmaps first, in the order of PictureScene::Texture.
+std::size_t MaterialOf(Surface s) {
+  switch (s) {
+  case Surface::Wall:
+  case Surface::CutFace: return 0;
+  case Surface::Port:
+  case Surface::ExposedEndA:
+  case Surface::ExposedEndB: return 1;
+  case Surface::LinerInner:
+  case Surface::LinerOuter:
+  case Surface::LinerEnd: return 2;
+  default: return 3;
+  }
+}
+
 QVector3D Rgb(const QColor &c) {
   return {static_cast<float>(c.redF()), static_cast<float>(c.greenF()), static_cast<float>(c.blueF())};
 }
@@ -46,11 +64,12 @@ struct ScenePainter::Parts {
   QOffscreenSurface Target;
   QOpenGLContext Context;
   QOpenGLFunctions_3_3_Core *Gl = nullptr;
-  QOpenGLShaderProgram Solid, Line, Ground, Shadow;
+  QOpenGLShaderProgram Plain, Grainy, Textured, Line, Ground, Shadow;
   QOpenGLVertexArrayObject SolidArray, LineArray, NoArray;
   QOpenGLBuffer Vertices{QOpenGLBuffer::VertexBuffer}, Corners{QOpenGLBuffer::IndexBuffer},
       Edges{QOpenGLBuffer::VertexBuffer};
-  int CornerCount = 0, EdgeCount = 0;
+  std::array<int, MaterialCount> CornerCount{}; // one material after another
+  int EdgeCount = 0;
   unsigned Number = 0;
   bool Filled = false;
   std::unique_ptr<QOpenGLFramebufferObject> Many, Few, One; // samples to a pixel; One has no depth
@@ -61,7 +80,12 @@ struct ScenePainter::Parts {
   QOpenGLFramebufferObject &Prepare(QSize pixels, bool smooth);
   void Upload(const PictureScene &);
   void TakeBitmaps(const PictureScene &);
+  void SetScene(QOpenGLShaderProgram &, const PictureScene &, const QMatrix4x4 &view,
+                const QMatrix4x4 &projection);
   void DrawSolids(const PictureScene &, const QMatrix4x4 &view, const QMatrix4x4 &projection);
+  bool Empty() const {
+    return std::all_of(CornerCount.begin(), CornerCount.end(), [](int n) { return n == 0; });
+  }
 };
 
 QString ScenePainter::Parts::Start() {
@@ -79,7 +103,12 @@ QString ScenePainter::Parts::Start() {
   if (!Gl || !Gl->initializeOpenGLFunctions())
     return needs +
            QString(", only %1.%2.").arg(Context.format().majorVersion()).arg(Context.format().minorVersion());
-  const bool built = Build(Solid, shaders::SolidVertex, shaders::SolidFragment) &&
+  const auto solid = [](const char *kind) {
+    return std::string("#version 330 core\n") + kind + shaders::SolidFragment;
+  };
+  const bool built = Build(Plain, shaders::SolidVertex, solid("").c_str()) &&
+                     Build(Grainy, shaders::SolidVertex, solid("#define GRAINY\n").c_str()) &&
+                     Build(Textured, shaders::SolidVertex, solid("#define TEXTURED\n").c_str()) &&
                      Build(Line, shaders::LineVertex, shaders::LineFragment) &&
                      Build(Ground, shaders::GroundVertex, shaders::GroundFragment) &&
                      Build(Shadow, shaders::ShadowVertex, shaders::ShadowFragment);
@@ -122,7 +151,7 @@ void ScenePainter::Parts::Upload(const PictureScene &scene) {
   Filled = true;
   Number = scene.Number;
   std::vector<GpuVertex> vertex;
-  std::vector<std::uint32_t> corner;
+  std::array<std::vector<std::uint32_t>, MaterialCount> corner;
   std::vector<float> edge;
   for (const SceneSolid &solid : scene.Solid) {
     const Mesh &mesh = *solid.Solid;
@@ -134,7 +163,7 @@ void ScenePainter::Parts::Upload(const PictureScene &scene) {
       const MeshTriangle &t = mesh.Triangle[i];
       for (const std::uint32_t at : {base + t.A, base + t.B, base + t.C}) {
         vertex[at].Surface = static_cast<float>(tag); // no vertex is shared by two surfaces
-        corner.push_back(at);
+        corner[MaterialOf(tag)].push_back(at);
       }
     }
     edge.insert(edge.end(), solid.Edge->begin(), solid.Edge->end());
@@ -143,11 +172,15 @@ void ScenePainter::Parts::Upload(const PictureScene &scene) {
   Vertices.bind();
   Vertices.allocate(vertex.data(), static_cast<int>(vertex.size() * sizeof(GpuVertex)));
   Corners.bind();
-  Corners.allocate(corner.data(), static_cast<int>(corner.size() * sizeof(std::uint32_t)));
+  std::vector<std::uint32_t> all;
+  for (std::size_t i = 0; i < MaterialCount; ++i) {
+    CornerCount[i] = static_cast<int>(corner[i].size());
+    all.insert(all.end(), corner[i].begin(), corner[i].end());
+  }
+  Corners.allocate(all.data(), static_cast<int>(all.size() * sizeof(std::uint32_t)));
   SolidArray.release();
   Edges.bind();
   Edges.allocate(edge.data(), static_cast<int>(edge.size() * sizeof(float)));
-  CornerCount = static_cast<int>(corner.size());
   EdgeCount = static_cast<int>(edge.size() / 3);
 }
 
@@ -165,38 +198,43 @@ void ScenePainter::Parts::TakeBitmaps(const PictureScene &scene) {
       image = image.scaled(MostTextureSide, MostTextureSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     Bitmap[i] = std::make_unique<QOpenGLTexture>(image);
     Bitmap[i]->setWrapMode(QOpenGLTexture::Repeat);
-    Bitmap[i]->setMinMagFilters(QOpenGLTexture::LinearMipMapLinear, QOpenGLTexture::Linear);
+    Bitmap[i]->setMinMagFilters(QOpenGLTexture::LinearMipMapNearest, QOpenGLTexture::Linear);
   }
+}
+
+void ScenePainter::Parts::SetScene(QOpenGLShaderProgram &program, const PictureScene &scene,
+                                   const QMatrix4x4 &view, const QMatrix4x4 &projection) {
+  program.bind();
+  program.setUniformValue("View", view);
+  program.setUniformValue("Projection", projection);
+  program.setUniformValue("Eye", view.inverted().column(3).toVector3D());
+  program.setUniformValue("Perspective", projection(3, 2) != 0);
+  QVector3D colour[11];
+  for (std::size_t i = 0; i < scene.Colour.size(); ++i) colour[i] = Rgb(scene.Colour[i]);
+  program.setUniformValueArray("Colour", colour, 11);
+  program.setUniformValue("Plane", QVector4D(scene.Plane[0], scene.Plane[1], scene.Plane[2], scene.Plane[3]));
+  program.setUniformValue("Radius", scene.Radius);
+  program.setUniformValue("PortRadius", scene.PortRadius);
+  program.setUniformValue("LowZ", scene.LowZ);
+  program.setUniformValue("HighZ", scene.HighZ);
+  program.setUniformValue("TextureSize", scene.TextureSize);
+  program.setUniformValue("Bitmap", 0);
 }
 
 void ScenePainter::Parts::DrawSolids(const PictureScene &scene, const QMatrix4x4 &view,
                                      const QMatrix4x4 &projection) {
-  Solid.bind();
-  Solid.setUniformValue("View", view);
-  Solid.setUniformValue("Projection", projection);
-  const QVector3D eye = view.inverted().column(3).toVector3D();
-  Solid.setUniformValue("Eye", eye);
-  Solid.setUniformValue("Perspective", projection(3, 2) != 0);
-  QVector3D colour[11];
-  for (std::size_t i = 0; i < scene.Colour.size(); ++i) colour[i] = Rgb(scene.Colour[i]);
-  Solid.setUniformValueArray("Colour", colour, 11);
-  Solid.setUniformValue("Plane", QVector4D(scene.Plane[0], scene.Plane[1], scene.Plane[2], scene.Plane[3]));
-  Solid.setUniformValue("Radius", scene.Radius);
-  Solid.setUniformValue("PortRadius", scene.PortRadius);
-  Solid.setUniformValue("LowZ", scene.LowZ);
-  Solid.setUniformValue("HighZ", scene.HighZ);
-  Solid.setUniformValue("TextureSize", scene.TextureSize);
-  GLint textured[TextureCount];
-  for (int i = 0; i < TextureCount; ++i) {
-    textured[i] = Bitmap[i] ? 1 : 0;
-    Solid.setUniformValue(("Bitmap" + std::to_string(i)).c_str(), i);
-    if (Bitmap[i]) Bitmap[i]->bind(static_cast<uint>(i));
-  }
-  Gl->glUniform3iv(Solid.uniformLocation("Textured"), 1, textured);
   Gl->glEnable(GL_POLYGON_OFFSET_FILL);
   Gl->glPolygonOffset(1.2F, 1.5F); // so that the edges' lines stand clear
   SolidArray.bind();
-  Gl->glDrawElements(GL_TRIANGLES, CornerCount, GL_UNSIGNED_INT, nullptr);
+  std::size_t from = 0;
+  for (std::size_t i = 0; i < MaterialCount; ++i) {
+    const bool bitmap = i < TextureCount && Bitmap[i];
+    SetScene(bitmap ? Textured : i == 0 ? Grainy : Plain, scene, view, projection);
+    if (bitmap) Bitmap[i]->bind(0);
+    Gl->glDrawElements(GL_TRIANGLES, CornerCount[i], GL_UNSIGNED_INT,
+                       reinterpret_cast<const void *>(from * sizeof(std::uint32_t)));
+    from += static_cast<std::size_t>(CornerCount[i]);
+  }
   SolidArray.release();
   Gl->glDisable(GL_POLYGON_OFFSET_FILL);
 }
@@ -211,7 +249,8 @@ ScenePainter::~ScenePainter() {
   Own->One.reset();
   for (QOpenGLVertexArrayObject *array : {&Own->SolidArray, &Own->LineArray, &Own->NoArray}) array->destroy();
   for (QOpenGLBuffer *buffer : {&Own->Vertices, &Own->Corners, &Own->Edges}) buffer->destroy();
-  for (QOpenGLShaderProgram *program : {&Own->Solid, &Own->Line, &Own->Ground, &Own->Shadow})
+  for (QOpenGLShaderProgram *program :
+       {&Own->Plain, &Own->Grainy, &Own->Textured, &Own->Line, &Own->Ground, &Own->Shadow})
     program->removeAllShaders();
   Own->Context.doneCurrent();
 }
@@ -247,7 +286,7 @@ QImage ScenePainter::Paint(const PictureScene &scene, QSize pixels, const Ground
   gl.glEnable(GL_BLEND);
   gl.glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ZERO, GL_ONE);
   const double above = view(2, 1); // of the eye, as the sine of its lift
-  if (p.CornerCount > 0 && above > 0) {
+  if (!p.Empty() && above > 0) {
     p.Shadow.bind();
     p.Shadow.setUniformValue("View", view);
     p.Shadow.setUniformValue("Projection", projection);
@@ -261,7 +300,7 @@ QImage ScenePainter::Paint(const PictureScene &scene, QSize pixels, const Ground
   p.NoArray.release();
   gl.glEnable(GL_DEPTH_TEST);
   gl.glDepthFunc(GL_LEQUAL);
-  if (p.CornerCount > 0) {
+  if (!p.Empty()) {
     gl.glDisable(GL_BLEND);
     gl.glEnable(GL_CULL_FACE);
     gl.glFrontFace(GL_CW);

@@ -18,8 +18,9 @@ void main() {
 )";
 
 // A key light over the eye's left shoulder, a fill, a rim, and sky and floor; in the port it is the darker
-// the farther the next opening is.
-constexpr const char *SolidFragment = R"(#version 330 core
+// the farther the next opening is. Before it stands the version, and TEXTURED or GRAINY or neither: one without
+// a bitmap must not pay for one where a processor paints.
+constexpr const char *SolidFragment = R"(
 in vec3 P, N;
 flat in int S;
 out vec4 Out;
@@ -27,17 +28,22 @@ uniform mat4 View;
 uniform vec3 Colour[11], Eye;
 uniform vec4 Plane;
 uniform bool Perspective;
-uniform float Radius, PortRadius, LowZ, HighZ, TextureSize;
-uniform sampler2D Bitmap0, Bitmap1, Bitmap2;
-uniform bvec3 Textured;
+uniform float Radius, PortRadius, LowZ, HighZ;
 
-vec3 Triplanar(sampler2D bitmap, vec3 n) {
-  vec3 w = n * n, q = P / TextureSize;
+#ifdef TEXTURED
+uniform float TextureSize;
+uniform sampler2D Bitmap;
+// Faces look along the motor or across it, but for a drafted core's.
+vec3 Material(vec3 n) {
+  vec3 q = P / TextureSize;
+  bool end = abs(n.z) > 0.7;
+  vec2 w = n.xy * n.xy;
   w = w * w;
-  w /= w.x + w.y + w.z;
-  return w.x * texture(bitmap, q.zy).rgb + w.y * texture(bitmap, q.zx).rgb + w.z * texture(bitmap, q.xy).rgb;
+  float share = end ? 1.0 : w.x / max(w.x + w.y, 1e-6);
+  vec3 c = mix(texture(Bitmap, q.zx).rgb, texture(Bitmap, end ? q.xy : q.zy).rgb, share);
+  return c * c;
 }
-
+#elif defined(GRAINY)
 float Hash(vec3 p) {
   p = fract(p * 0.3183099 + 0.1) * 17.0;
   return fract(p.x * p.y * p.z * (p.x + p.y + p.z));
@@ -52,19 +58,22 @@ float Noise(vec3 x) {
                  mix(Hash(i + vec3(0, 1, 1)), Hash(i + vec3(1, 1, 1)), f.x), f.y), f.z);
 }
 
+vec3 Material(vec3 n) {
+  vec3 c = Colour[S];
+  return c * c * (S == 10 ? 0.95 + 0.10 * Noise(P * (70.0 / Radius)) : 1.0);
+}
+#else
+vec3 Material(vec3 n) { return Colour[S] * Colour[S]; }
+#endif
+
 void main() {
   vec3 right = vec3(View[0][0], View[1][0], View[2][0]);
   vec3 up = vec3(View[0][1], View[1][1], View[2][1]);
   vec3 back = vec3(View[0][2], View[1][2], View[2][2]);
   vec3 n = normalize(N);
   vec3 toEye = Perspective ? normalize(Eye - P) : back;
-  vec3 base = Colour[S];
-  base *= base;
-  bool propellant = S == 4 || S == 10, burning = S <= 2, liner = S >= 5 && S <= 7, core = S == 8 || S == 9;
-  if (propellant && Textured.x) { base = Triplanar(Bitmap0, n); base *= base; }
-  else if (burning && Textured.y) { base = Triplanar(Bitmap1, n); base *= base; }
-  else if (liner && Textured.z) { base = Triplanar(Bitmap2, n); base *= base; }
-  else if (S == 10) base *= 0.95 + 0.10 * Noise(P * (70.0 / Radius));
+  vec3 base = Material(n);
+  bool burning = S <= 2, liner = S >= 5 && S <= 7, core = S == 8 || S == 9;
   float gloss = core ? 0.55 : liner ? 0.22 : burning ? 0.16 : 0.08;
   float tight = core ? 60.0 : liner ? 30.0 : 18.0;
 

@@ -31,7 +31,7 @@ constexpr std::array<std::uint8_t, SurfaceCount> OfLiner{Liner, Liner,    Liner,
                                                          Liner, LinerCut, LinerCut, Liner, LinerCut};
 
 // Adds what the cut leaves. A quarter is left out by putting together the half behind and a quarter.
-std::string AddPart(Scene &scene, const Mesh &mesh, const GrainPicture &picture,
+std::string AddPart(Scene &scene, const Mesh &mesh, const GrainPicture &picture, double at,
                     const std::array<std::uint8_t, SurfaceCount> &materials) {
   const double turn =
       picture.Roll.value_or(picture.Section == GrainPicture::Cut::Quarter ? 5 : 38) * Pi / 180;
@@ -40,10 +40,10 @@ std::string AddPart(Scene &scene, const Mesh &mesh, const GrainPicture &picture,
     return {};
   }
   Mesh behind, front, below;
-  if (std::string trouble = CutMesh(mesh, {-1, 0, 0, 0}, behind); !trouble.empty()) return trouble;
+  if (std::string trouble = CutMesh(mesh, {-1, 0, 0, -at}, behind); !trouble.empty()) return trouble;
   AddToScene(scene, behind, turn, materials);
   if (picture.Section == GrainPicture::Cut::Half) return {};
-  if (std::string trouble = CutMesh(mesh, {1, 0, 0, 0}, front); !trouble.empty()) return trouble;
+  if (std::string trouble = CutMesh(mesh, {1, 0, 0, at}, front); !trouble.empty()) return trouble;
   if (std::string trouble = CutMesh(front, {0, -1, 0, 0}, below); !trouble.empty()) return trouble;
   AddToScene(scene, below, turn, materials);
   return {};
@@ -107,14 +107,16 @@ std::string WriteGrainPicture(const Design &design, const FrontStart &start, con
   Mesh grain, liner;
   Scene scene;
   for (const Swatch &s : Swatches) scene.Paint.push_back({s.Colour, s.Gloss});
+  if (std::string trouble = SectionAt(start, 0, section); !trouble.empty()) return trouble;
+  const double at = CutThroughPort(section, 1, 0);
   if (std::string trouble = SectionAt(start, picture.BurnDist, section); !trouble.empty()) return trouble;
   if (std::string trouble = GrainMesh(section, ends, chord, grain); !trouble.empty()) return trouble;
-  if (std::string trouble = AddPart(scene, grain, picture, OfGrain); !trouble.empty()) return trouble;
+  if (std::string trouble = AddPart(scene, grain, picture, at, OfGrain); !trouble.empty()) return trouble;
   if (picture.Liner) {
     if (std::string trouble = LinerMesh(section, ends, design.Doc.LinerThickness, chord, liner);
         !trouble.empty())
       return trouble;
-    if (std::string trouble = AddPart(scene, liner, picture, OfLiner); !trouble.empty()) return trouble;
+    if (std::string trouble = AddPart(scene, liner, picture, at, OfLiner); !trouble.empty()) return trouble;
   }
   SceneView view;
   view.Azimuth = picture.Azimuth, view.Elevation = picture.Elevation;

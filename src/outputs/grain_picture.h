@@ -14,7 +14,8 @@ struct GrainPicture {
   int Width = 1600, Height = 1000;
 };
 
-// The motor's grain in its liner at a burn distance, cut open along the plane across the drawing's X axis, as
-// PNG. Needs no display. The trouble, or empty.
+// The motor's grain in its liner at a burn distance, cut open along the plane across the drawing's X axis
+// (through the port where that lies beside the motor's axis), as PNG. Needs no display. The trouble, or
+// empty.
 std::string WriteGrainPicture(const Design &, const FrontStart &, const GrainPicture &,
                               const std::string &path);

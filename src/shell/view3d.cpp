@@ -26,12 +26,20 @@ void CheckTextures(Workbench &bench) {
     bench.Out.Ask({told, bench.Out[Ctl::Setup_3D].Text, Buttons::Ok, Icon::Exclamation, true});
 }
 
+void AimCut(Workbench &bench) {
+  View3d &view = bench.View;
+  if (!view.Aim || !view.Newest.Front || view.Whole || view.Across) return;
+  view.Aim = false;
+  view.LengthPart = -view.Newest.BestCut / BoxOf(bench).High[1]; // the normal points to what stays
+}
+
 void Take(Workbench &bench, unsigned number, SolidResult &result) {
   View3d &view = bench.View;
   if (!view.Open || number != view.Number) return;
   view.UnderWay = false;
   view.Newest = std::move(result);
   if (view.Newest.BurntOut) view.Playing = false;
+  AimCut(bench);
   PictureScene &scene = bench.Out.View3d;
   scene.Solid = view.Newest.Solid;
   ++scene.Number;
@@ -114,8 +122,10 @@ void FillScene(Workbench &bench) {
     scene.Key = {{"Burning surface", paint(Paint::Burning)}};
     if (doc.EndsExposed & 3) scene.Key.push_back({"Exposed end", paint(Paint::Exposed)});
     if ((doc.EndsExposed & 3) != 3) scene.Key.push_back({"Inhibited end", paint(Paint::Inhibited)});
-    scene.Key.push_back(
-        {view.Whole ? "Propellant" : "Cut propellant", paint(view.Whole ? Paint::Propellant : Paint::Cut)});
+    std::string propellant = view.Whole ? "Propellant" : "Cut propellant";
+    if (view.Newest.Groups > 1) propellant += ", " + std::to_string(view.Newest.Groups) + " pieces";
+    if (view.Newest.LooseGroups > 0) propellant += ", " + std::to_string(view.Newest.LooseGroups) + " loose";
+    scene.Key.push_back({propellant, paint(view.Whole ? Paint::Propellant : Paint::Cut)});
     if (view.Core) scene.Key.push_back({"Core", paint(Paint::Core)});
   }
   if (view.Liner) scene.Key.push_back({"Liner", paint(Paint::Liner)});
@@ -271,6 +281,8 @@ void CloseView3d(Workbench &bench) {
 
 void StandGrainAnew(Workbench &bench) {
   bench.View.Fitted.clear();
+  bench.View.Aim = true;
+  bench.View.LengthPart = 0;
   bench.View.BurnDist = 0;
   bench.View.BurnText = "0";
 }

@@ -18,6 +18,7 @@ struct View3d {
   Look3d Editing; // what Setup_3D holds
   bool Whole = false, Across = false;
   double CutTurn = 180;                    // degrees: the lengthwise cut takes away what lies there
+  bool Aim = true;                         // the first cut is yet to be aimed at the port
   double LengthPart = 0, AcrossPart = 0.5; // where the cuts are, of the radius and of the length
   bool Liner = true, Core = false;
   double BurnDist = 0; // mm

@@ -62,22 +62,32 @@ void ZoomAt(Camera &c, double x, double y, double factor, double least, double m
   c.Span = span;
 }
 
-// In perspective a corner at depth z asks for the distance that puts it onto the edge of the picture.
+// The solid is a cylinder along Z, whose two rims reach farthest. A point at x, depth z (to the eye) and the
+// target at t ask for a distance of z + |x - t| / slope; the least of the greatest of these is where the
+// rims' extremes on both sides ask for the same.
 void FitTo(Camera &c, const MeshBox &box) {
   const Place3 middle = MiddleOf(box);
   c.TargetX = middle.X, c.TargetY = middle.Y, c.TargetZ = middle.Z;
   const CameraAxes axes = AxesOf(c);
-  const double aspect = std::max(1e-3, c.Width / std::max(1.0, c.Height)), slope = std::tan(HalfAngle) * Room;
-  double span = 0, distance = 0;
-  for (int corner = 0; corner < 8; ++corner) {
-    const Place3 p{(corner & 1 ? box.High : box.Low)[0], (corner & 2 ? box.High : box.Low)[1],
-                   (corner & 4 ? box.High : box.Low)[2]};
-    const Place3 at = FromTarget(c, axes, p);
-    const double half = std::max(std::abs(at.Y), std::abs(at.X) / aspect);
-    span = std::max(span, 2 * half / Room);
-    distance = std::max(distance, half / slope + at.Z);
+  const double aspect = std::max(1e-3, c.Width / std::max(1.0, c.Height)), steep = std::tan(HalfAngle) * Room;
+  const double slope[] = {steep * aspect, steep};
+  double most[] = {-HUGE_VAL, -HUGE_VAL}, least[] = {-HUGE_VAL, -HUGE_VAL};
+  const double across = (box.High[0] - box.Low[0]) / 2, up = (box.High[1] - box.Low[1]) / 2;
+  constexpr int around = 90;
+  for (int i = 0; i < 2 * around; ++i) {
+    const double t = i * 2 * std::numbers::pi / around;
+    const Place3 p = FromTarget(
+        c, axes,
+        {middle.X + across * std::cos(t), middle.Y + up * std::sin(t), (i < around ? box.Low : box.High)[2]});
+    const double depth = c.Perspective ? p.Z : 0;
+    for (const int k : {0, 1}) {
+      most[k] = std::max(most[k], depth + (k ? p.Y : p.X) / slope[k]);
+      least[k] = std::max(least[k], depth - (k ? p.Y : p.X) / slope[k]);
+    }
   }
-  c.Span = std::max(1e-6, c.Perspective ? 2 * distance * std::tan(HalfAngle) : span);
+  Shift(c, slope[0] * (most[0] - least[0]) / 2, slope[1] * (most[1] - least[1]) / 2);
+  const double distance = std::max(most[0] + least[0], most[1] + least[1]) / 2;
+  c.Span = std::max(1e-6, 2 * distance * std::tan(HalfAngle));
 }
 
 CameraMatrices MatricesOf(const Camera &c, const MeshBox &box) {

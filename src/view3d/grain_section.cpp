@@ -167,16 +167,42 @@ void Collect(const std::vector<int> &next, std::vector<std::vector<int>> &loops)
   }
 }
 
-double AreaOf(const GrainSection &s) {
+double LoopArea(const GrainSection &s, const std::vector<int> &loop) { // below 0 for a hole
   double twice = 0;
-  for (const std::vector<int> &loop : s.Propellant)
-    for (const int i : loop) {
-      const SectionPiece &p = s.Piece[i];
-      const SectionJoint &a = s.Joint[p.From], &b = s.Joint[p.To];
-      twice += a.X * b.Y - b.X * a.Y;
-      if (p.Arc) twice += p.Radius * p.Radius * (p.Sweep - std::sin(p.Sweep));
-    }
+  for (const int i : loop) {
+    const SectionPiece &p = s.Piece[i];
+    const SectionJoint &a = s.Joint[p.From], &b = s.Joint[p.To];
+    twice += a.X * b.Y - b.X * a.Y;
+    if (p.Arc) twice += p.Radius * p.Radius * (p.Sweep - std::sin(p.Sweep));
+  }
   return twice / 2;
+}
+
+// Only propellant that goes all around at the grain circle has holes: a port in one piece stays in one until
+// it reaches the wall.
+void SeperateGroups(GrainSection &s) {
+  int around = -1;
+  for (const std::vector<int> &loop : s.Propellant) {
+    const double area = LoopArea(s, loop);
+    s.Area += area;
+    const bool hole = area < 0;
+    s.GroupNo.push_back(hole ? -1 : static_cast<int>(s.Group.size()));
+    if (hole) continue;
+    SectionGroup group;
+    group.Area = area;
+    for (const int i : loop) {
+      if (s.Piece[i].What != SectionPiece::Kind::Wall) continue;
+      group.Loose = false;
+      if (s.Piece[i].From == s.Piece[i].To) around = s.GroupNo.back();
+    }
+    s.Group.push_back(group);
+  }
+  if (s.Group.empty()) return;
+  for (std::size_t i = 0; i < s.GroupNo.size(); ++i) {
+    if (s.GroupNo[i] >= 0) continue;
+    s.GroupNo[i] = std::max(around, 0);
+    s.Group[s.GroupNo[i]].Area += LoopArea(s, s.Propellant[i]);
+  }
 }
 
 bool Assemble(std::vector<Front> &front, GrainSection &s) {
@@ -208,7 +234,7 @@ bool Assemble(std::vector<Front> &front, GrainSection &s) {
   }
   Collect(along, s.Propellant);
   Collect(back, s.Port);
-  s.Area = AreaOf(s);
+  SeperateGroups(s);
   return true;
 }
 
@@ -273,6 +299,28 @@ std::string SectionAt(const FrontStart &start, double w, GrainSection &section) 
   if (!Assemble(front, fresh)) return "The front at " + PlainText(w) + " mm does not close";
   section = std::move(fresh);
   return {};
+}
+
+double CutThroughPort(const GrainSection &s, double x, double y) {
+  double least = HUGE_VAL, most = -HUGE_VAL;
+  const auto take = [&](double px, double py) {
+    const double at = px * x + py * y;
+    least = std::min(least, at), most = std::max(most, at);
+  };
+  for (const std::vector<int> &loop : s.Port)
+    for (const int i : loop) {
+      const SectionPiece &p = s.Piece[i];
+      take(s.Joint[p.From].X, s.Joint[p.From].Y);
+      take(s.Joint[p.To].X, s.Joint[p.To].Y);
+      for (const double way : {std::atan2(y, x), std::atan2(-y, -x)}) {
+        const double turn = NormalAngle(p.Sweep > 0 ? way - p.Start : p.Start - way);
+        if (p.Arc && turn <= std::abs(p.Sweep))
+          take(p.CenterX + p.Radius * std::cos(way), p.CenterY + p.Radius * std::sin(way));
+      }
+    }
+  if (!(least <= most)) return 0;
+  const bool missed = least > 0 || most < 0, inside = std::max(-least, most) < 0.98 * s.GrainRadius;
+  return missed && inside ? (least + most) / 2 : 0;
 }
 
 double BurnEndOf(const FrontStart &start) {

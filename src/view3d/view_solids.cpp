@@ -51,6 +51,9 @@ std::string MakeAll(const SolidRequest &request, SolidResult &result) {
   if (std::string trouble = SectionAt(front, result.BurntOut ? 0 : request.BurnDist, section);
       !trouble.empty())
     return trouble;
+  result.BestCut = CutThroughPort(section, request.Plane.NX, request.Plane.NY);
+  if (!result.BurntOut)
+    for (const SectionGroup &group : section.Group) ++result.Groups, result.LooseGroups += group.Loose;
   result.PortRadius = std::sqrt(std::max(0.0, R * R - section.Area / std::numbers::pi));
   Mesh mesh;
   if (request.Liner > 0) {

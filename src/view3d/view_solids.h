@@ -23,7 +23,9 @@ struct SolidResult {
   bool BurntOut = false;
   std::string Trouble; // why there is no grain, in a sentence
   std::vector<SceneSolid> Solid;
-  double PortRadius = 0; // mm, of the circle that has the port's area
+  double PortRadius = 0;           // mm, of the circle that has the port's area
+  double BestCut = 0;              // CutThroughPort across the cut's normal
+  int Groups = 0, LooseGroups = 0; // pieces that the propellant is in; those that hang on nothing
 };
 SolidResult MakeSolids(const SolidRequest &);
 

@@ -49,6 +49,25 @@ TEST_F(View3dJourney, OpensTurnsCutsAndGoesBack) {
   Play("press mnuView3d\nexpect visible View_3D\ncmd 1\nexpect hidden View_3D"); // a tool wants the drawing
 }
 
+TEST_F(View3dJourney, FirstCutGoesThroughABoreBesideTheAxis) {
+  ASSERT_TRUE(Start({"Gd=40", "Gl=100", "Ea=1", "Eb=0", "Td=5", Cases + "circle_centred.mvd"}));
+  EXPECT_EQ(View().LengthPart, 0);
+  Play("press 3D_Render");
+  EXPECT_EQ(CutOf(Bench()).Middle.X, 0); // the axis is in the bore
+  Play("press 2D_Plot");
+  StandGrainAnew(Bench());
+  Bench().Grain.Table.EntCount = -1;
+  AppendRow(Bench().Grain.Table, MakeCircle(9, 2, 3));
+  Play("press 3D_Render");
+  EXPECT_NEAR(CutOf(Bench()).Middle.X, 9, 1e-9);
+  const MeshBox kept = BoundsOf(*Screen().View3d.Solid.at(1).Solid);
+  EXPECT_NEAR(kept.Low[0], 9, 1e-3);
+  Play("key [ in Picture1"); // and from there on it is the user's
+  EXPECT_NE(CutOf(Bench()).Middle.X, 9);
+  Play("type Burn_At 14");
+  EXPECT_EQ(View().Newest.Groups, 1);
+}
+
 TEST_F(View3dJourney, BurnAndChartsGoTogether) {
   Star();
   Play("press 3D_Render\ntype Burn_Slider 500");

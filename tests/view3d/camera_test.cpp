@@ -26,7 +26,7 @@ std::array<double, 3> Drawn(const Camera &c, const Place3 &p) {
 }
 } // namespace
 
-TEST(Camera, MatricesAgreeWithProjectionAndHoldTheBox) {
+TEST(Camera, MatricesAgreeWithProjectionAndTheGrainFillsThePicture) {
   for (const bool perspective : {false, true})
     for (int view = 0; view < 7; ++view) {
       SCOPED_TRACE(view);
@@ -34,17 +34,24 @@ TEST(Camera, MatricesAgreeWithProjectionAndHoldTheBox) {
       c.Width = 900, c.Height = 500, c.Perspective = perspective;
       LookFrom(c, static_cast<StandardView>(view));
       FitTo(c, Box);
-      double widest = 0;
-      for (int corner = 0; corner < 8; ++corner) {
-        const Place3 p{corner & 1 ? 20.0 : -20, corner & 2 ? 20.0 : -20, corner & 4 ? 120.0 : 0};
+      double left = 1e9, right = -1e9, top = 1e9, bottom = -1e9;
+      for (int i = 0; i < 720; ++i) { // the rims of the cylinder in the box
+        const Place3 p{20 * std::cos(i * 0.0174533), 20 * std::sin(i * 0.0174533), i < 360 ? 0.0 : 120};
         const Pixel told = Project(c, p);
         const auto drawn = Drawn(c, p);
-        EXPECT_NEAR(told.X, drawn[0], 0.01);
-        EXPECT_NEAR(told.Y, drawn[1], 0.01);
-        EXPECT_LT(std::abs(drawn[2]), 1);
-        widest = std::max({widest, std::abs(told.X - 450) / 450, std::abs(told.Y - 250) / 250});
+        ASSERT_NEAR(told.X, drawn[0], 0.01);
+        ASSERT_NEAR(told.Y, drawn[1], 0.01);
+        ASSERT_LT(std::abs(drawn[2]), 1);
+        left = std::min(left, told.X), right = std::max(right, told.X);
+        top = std::min(top, told.Y), bottom = std::max(bottom, told.Y);
       }
-      EXPECT_NEAR(widest, 0.92, 0.001); // it touches the room's edge, and never passes it
+      EXPECT_NEAR(std::max((right - left) / 900, (bottom - top) / 500), 0.92, 0.003); // fills its room
+      if (right - left > 0.9 * 900) {
+        EXPECT_NEAR(left + right, 900, 3);
+      }
+      if (bottom - top > 0.9 * 500) {
+        EXPECT_NEAR(top + bottom, 500, 3);
+      }
     }
 }
 

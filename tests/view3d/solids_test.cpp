@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <map>
 
 namespace {
 
@@ -48,6 +49,35 @@ void ExpectOutward(const Mesh &mesh, const std::string &what, double hair = 0) {
   EXPECT_EQ(against, 0) << what << " of " << mesh.Triangle.size();
 }
 
+// Shells of a mesh, by the edges that triangles share: for each whether it reaches the wall.
+std::vector<bool> ShellsAtWall(const Mesh &mesh) {
+  std::vector<std::uint32_t> at, of;
+  const std::uint32_t count = WeldedIndices(mesh, at);
+  for (std::uint32_t i = 0; i < count; ++i) of.push_back(i);
+  const auto root = [&](std::uint32_t i) {
+    while (of[i] != i) i = of[i] = of[of[i]];
+    return i;
+  };
+  for (const MeshTriangle &t : mesh.Triangle) {
+    of[root(at[t.B])] = root(at[t.A]);
+    of[root(at[t.C])] = root(at[t.A]);
+  }
+  std::map<std::uint32_t, bool> shell;
+  for (std::size_t i = 0; i < mesh.Triangle.size(); ++i)
+    shell[root(at[mesh.Triangle[i].A])] |= mesh.Tag[i] == Surface::Wall;
+  std::vector<bool> walls;
+  for (const auto &[first, wall] : shell) walls.push_back(wall);
+  std::sort(walls.begin(), walls.end());
+  return walls;
+}
+
+std::vector<bool> GroupsAtWall(const GrainSection &s) {
+  std::vector<bool> walls;
+  for (const SectionGroup &group : s.Group) walls.push_back(!group.Loose);
+  std::sort(walls.begin(), walls.end());
+  return walls;
+}
+
 TEST(Solids, ShippedDesignsKeepTheirVolume) {
   for (const std::string &file : CaseFiles()) {
     Design design;
@@ -71,6 +101,9 @@ TEST(Solids, ShippedDesignsKeepTheirVolume) {
         Mesh mesh;
         ASSERT_EQ(GrainMesh(section, ends, chord, mesh), "") << what;
         ExpectClosed(mesh, exact * (ends.Length - w), chord < R / 5000 ? 1e-4 : 0.1, what);
+        if (chord < R / 5000) {
+          EXPECT_EQ(ShellsAtWall(mesh), GroupsAtWall(section)) << what;
+        }
         ExpectOutward(mesh, what);
       }
       Mesh core, liner;
@@ -124,6 +157,9 @@ TEST(Solids, RandomOutlinesAreClosed) {
         }
         EXPECT_EQ(OpenEdges(mesh), 0u) << what;
         EXPECT_GT(VolumeOf(mesh), 0) << what;
+        if (i > 2 && chord < R / 500) {
+          EXPECT_EQ(ShellsAtWall(mesh), GroupsAtWall(section)) << what;
+        }
         ASSERT_EQ(CoreMesh(section, {3 * R, false, false}, chord, core), "") << what;
         EXPECT_EQ(OpenEdges(core), 0u) << what;
       }
