@@ -319,7 +319,8 @@ double CutThroughPort(const GrainSection &s, double x, double y) {
       }
     }
   if (!(least <= most)) return 0;
-  const bool missed = least > 0 || most < 0, inside = std::max(-least, most) < 0.98 * s.GrainRadius;
+  const double hair = 0.2 * (most - least);
+  const bool missed = least > -hair || most < hair, inside = std::max(-least, most) < 0.98 * s.GrainRadius;
   return missed && inside ? (least + most) / 2 : 0;
 }
 
