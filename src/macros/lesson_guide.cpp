@@ -35,11 +35,6 @@ std::optional<Point> PlaceAsked(const Instruction &step) {
   }
 }
 
-// What is opened and not to be found in the steps of the drawing.
-struct Apart {
-  const char *Opens, *Closes;
-};
-constexpr Apart Aparts[] = {{"RunSim2", "Design_Mode"}, {"mnumaketemplate", "Stop_Macro"}};
 } // namespace
 
 LessonTarget TargetOf(const LessonPlay &play) {
@@ -88,17 +83,12 @@ std::vector<std::string> LessonPrompts(const Lesson &lesson) {
 
 std::size_t ResumeFrom(const Lesson &lesson, std::size_t next) {
   next = std::min(next, lesson.Step.size());
-  std::optional<std::size_t> opened;
-  const char *closes = nullptr;
+  std::optional<std::size_t> burnt;
   for (std::size_t i = 0; i < next; ++i) {
     const Instruction &step = lesson.Step[i].Expected;
     if (step.PointArea != LessonPress) continue;
-    if (opened && step.Value4 == closes) opened.reset();
-    for (const Apart &apart : Aparts)
-      if (!opened && step.Value4 == apart.Opens) {
-        opened = i;
-        closes = apart.Closes;
-      }
+    if (step.Value4 == RowOf(Ctl::RunSim2).Name) burnt = burnt.value_or(i);
+    if (step.Value4 == RowOf(Ctl::Design_Mode).Name) burnt.reset();
   }
-  return opened.value_or(next);
+  return burnt.value_or(next);
 }

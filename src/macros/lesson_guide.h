@@ -23,5 +23,5 @@ LessonProgress ProgressOf(const Lesson &, std::size_t next);
 std::vector<std::string> LessonPrompts(const Lesson &);
 
 // Where a lesson that was left before `next` is taken up: there, or at the button that led into the burn's
-// view or a recording, when it was left in one.
+// view when it was left in that.
 std::size_t ResumeFrom(const Lesson &, std::size_t next);

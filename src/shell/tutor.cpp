@@ -70,6 +70,7 @@ void Start(Workbench &bench, bool over) {
     BringBack(bench, t.Aside);
     return Tell(bench, lesson.Name + ": " + trouble);
   }
+  FollowLessonTemplate(bench, t.Play);
   t.Choosing = false;
   t.Said = {};
   t.Due.clear();
@@ -175,6 +176,7 @@ void OpenTutor(Workbench &bench) {
   if (t.List.empty()) return;
   t.Chosen = std::max(FirstToDo(bench), 0);
   t.Choosing = true;
+  bench.Out.Focus = Ctl::Tutor_Start;
 }
 
 void LeaveLesson(Workbench &bench) {

@@ -29,7 +29,10 @@ std::string GroupOf(Ctl button) {
 std::string WhereText(const LessonTarget &target, const Screen &out) {
   if (target.Place) return "The place is marked in the drawing.";
   if (target.Button == Ctl::Count) return {};
-  const std::string name = WithoutAnd(out[target.Button].Text), group = GroupOf(target.Button);
+  const bool rotates = target.Button == Ctl::RotateDraw; // its face tells the number alone
+  const std::string name = WithoutAnd(out[rotates ? Ctl::tbRotationDraw : target.Button].Text);
+  const std::string group = GroupOf(target.Button);
+  if (RowOf(target.Button).Name.starts_with("mnu")) return "In the menus above: " + name;
   if (!group.empty()) return "Outlined at the left, under " + group + ": " + name + ".";
   return name.empty() ? "" : "Outlined: " + name + ".";
 }
@@ -155,6 +158,12 @@ void RefreshTutor(Workbench &bench) {
   for (const Ctl c : {Ctl::RecoveryBar, Ctl::Recovery_SaveAs, Ctl::Recovery_Discard, Ctl::Empty_Hint,
                       Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
     out[c].Visible = false; // of the design that is put aside
+  if (plays && !LessonDone(t.Play)) {
+    std::string &hints = out[Ctl::sbHints].Text;
+    constexpr std::string_view escape = "Esc: leave the tool";
+    if (const auto at = hints.find(escape); at != hints.npos)
+      hints.replace(at, escape.size(), "Esc: leave the lesson");
+  }
   Outline(bench);
 }
 
