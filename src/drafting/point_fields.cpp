@@ -32,14 +32,8 @@ std::optional<double> ValueOf(const Drafting &d, Ctl field) {
 bool Evaluate(Drafting &d, Ctl field) {
   const std::string text = TextOf(d, field);
   if (Blank(text)) return true;
-  const auto value = FieldValue(d, text);
+  const auto value = FieldNumber(d, field);
   if (!value) return false;
-  if (!(std::abs(*value) <= MostLength)) {
-    const std::string most = PlainText(MostLength);
-    Report(d, "ERROR: A number from -" + most + " to " + most + " must be entered", "Input Error",
-           Icon::Stop);
-    return false;
-  }
   AnswerGiven &kept = d.Typed.Field[field == Ctl::X_Input ? 0 : 1];
   const std::string shown = PlainText(*value);
   if (!IsPlainNumber(text)) kept.Formula = text;
@@ -152,10 +146,19 @@ void EnterY(Drafting &d) {
   }
   if (use != FieldUse::Value) return MakePoint(d, use);
   if (x) TakeValue(d);
-  if (y && !d.Grain.GeomAbort) TakeSecondValue(d);
+  const CommandRow *row = FindCommand(d.Cmd.CmdNo);
+  if (y && !d.Grain.GeomAbort && row && row->YLabel) TakeSecondValue(d);
   d.Out.Focus = Ctl::DrawPanel;
 }
 } // namespace
+
+std::optional<double> FieldNumber(Drafting &d, Ctl field) {
+  const auto value = FieldValue(d, TextOf(d, field));
+  if (!value || std::abs(*value) <= MostLength) return value;
+  const std::string most = PlainText(MostLength);
+  Report(d, "ERROR: A number from -" + most + " to " + most + " must be entered", "Input Error", Icon::Stop);
+  return std::nullopt;
+}
 
 std::string OfferedValue(const Drafting &d) {
   switch (d.Cmd.CmdNo) {

@@ -19,6 +19,9 @@ FieldUse FieldsOf(const Drafting &);
 // The position that the fields tell; an empty field, and one that is no number, follows the pointer.
 Point FieldPoint(const Drafting &, Point pointer);
 
+// The number, or formula, typed in it. None: it is none, or beyond MostLength, which was told.
+std::optional<double> FieldNumber(Drafting &, Ctl field);
+
 // What stands in a value's field before anything is typed.
 std::string OfferedValue(const Drafting &);
 

@@ -75,8 +75,8 @@ bool HoldValue(Drafting &d, double value) {
   return true;
 }
 
-std::optional<double> FieldNumber(Drafting &d, Ctl field) {
-  const auto value = FieldValue(d, d.Out[field].Text);
+std::optional<double> ValueTyped(Drafting &d, Ctl field) {
+  const auto value = FieldNumber(d, field);
   if (!value) d.Grain.GeomAbort = true;
   return value;
 }
@@ -85,7 +85,7 @@ std::optional<double> FieldNumber(Drafting &d, Ctl field) {
 bool TakeValue(Drafting &d) {
   const std::string &text = d.Out[Ctl::X_Input].Text;
   if (IsBlank(text) || text == OfferedValue(d)) return true;
-  const auto value = FieldNumber(d, Ctl::X_Input);
+  const auto value = ValueTyped(d, Ctl::X_Input);
   const double before = ValueHeld(d);
   if (!value || !HoldValue(d, *value)) return false;
   if (ValueHeld(d) != before) LogInput(d, LogXInput, *value, 0, 0, IsPlainNumber(text) ? "" : text);
@@ -95,7 +95,7 @@ bool TakeValue(Drafting &d) {
 // The pitch of further copies: Y_Input, or the angle itself.
 std::optional<double> TakeStep(Drafting &d) {
   if (d.Cmd.CmdNo != RotateCommand || IsBlank(d.Out[Ctl::Y_Input].Text)) return ValueHeld(d);
-  const auto degrees = FieldNumber(d, Ctl::Y_Input);
+  const auto degrees = ValueTyped(d, Ctl::Y_Input);
   if (!degrees) return std::nullopt;
   AnswerGiven &entered = d.Typed.Field[1];
   if (entered.Value != *degrees) {

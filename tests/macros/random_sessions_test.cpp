@@ -73,7 +73,26 @@ struct Stream {
     if (e.Target == Ctl::mnuEditRedo) return RedoChange(Draft);
     PressDrafting(Draft, e);
   }
+  // Drawings before each change since the recording began, as far back as the ring goes.
+  std::vector<std::vector<Entity>> Before{};
   void Send(const Event &e) {
+    const bool undoes = e.Target == Ctl::mnuEditUndo;
+    const unsigned changes = Draft.Changes;
+    std::vector<Entity> drawn = RowsOf(Draft.Grain.Table);
+    SendOn(e);
+    if (undoes && !Before.empty()) {
+      EXPECT_EQ(Difference(RowsOf(Draft.Grain.Table), Before.back()), "") << LogText(Draft.Log.Row);
+      Before.pop_back();
+    } else if (e.Target == Ctl::mnuEditRedo) {
+      if (RowsOf(Draft.Grain.Table).size() != drawn.size() ||
+          !Difference(RowsOf(Draft.Grain.Table), drawn).empty())
+        Before.push_back(std::move(drawn));
+    } else if (!undoes && Draft.Changes == changes + 1) {
+      Before.push_back(std::move(drawn));
+      if (Before.size() > 10) Before.erase(Before.begin());
+    }
+  }
+  void SendOn(const Event &e) {
     try {
       Route(e);
     } catch (const Fault &) {
