@@ -105,8 +105,14 @@ void TakeSecondValue(Drafting &d) {
   LogInput(d, LogYInput, given.Value, 0, 0, given.Formula);
 }
 
-// What was typed, or where the field was left empty what the pointer gave instead.
-void KeepTyped(Drafting &d, FieldUse use, Point at) {
+void TellRange(Drafting &d) {
+  const std::string most = PlainText(MostLength);
+  Report(d, "ERROR: A number from -" + most + " to " + most + " must be entered", "Input Error", Icon::Stop);
+}
+
+// What was typed, or where the field was left empty what the pointer gave instead. False: that is out of
+// range, which was told.
+bool KeepTyped(Drafting &d, FieldUse use, Point at) {
   const Point last = LastPoint(d.Cmd);
   std::array<double, 2> given{at.X, at.Y};
   if (use == FieldUse::Polar) given = {Distance(last, at), Bearing(last, at) * 180 / Pi};
@@ -114,14 +120,16 @@ void KeepTyped(Drafting &d, FieldUse use, Point at) {
   d.Typed.Named = use == FieldUse::Position ? 0 : 2;
   for (std::size_t i = 0; i < given.size(); ++i)
     if (const Ctl field = i == 0 ? Ctl::X_Input : Ctl::Y_Input; Blank(TextOf(d, field))) {
+      if (std::abs(given[i]) > MostLength) return TellRange(d), false;
       if (d.Log.On) d.Out[field].Text = PlainText(given[i]); // as a log holds it
       d.Typed.Field[i] = {d.Log.On ? Val(TextOf(d, field)) : given[i], {}};
     }
+  return true;
 }
 
 void MakePoint(Drafting &d, FieldUse use) {
   const Point pointer{d.Cmd.TrackX, d.Cmd.TrackY};
-  KeepTyped(d, use, FieldPoint(d, pointer));
+  if (!KeepTyped(d, use, FieldPoint(d, pointer))) return;
   const Point at = FieldPoint(d, pointer);
   AsTyped(d, [&] { ClickAt(d, at); });
 }
@@ -155,8 +163,7 @@ void EnterY(Drafting &d) {
 std::optional<double> FieldNumber(Drafting &d, Ctl field) {
   const auto value = FieldValue(d, TextOf(d, field));
   if (!value || std::abs(*value) <= MostLength) return value;
-  const std::string most = PlainText(MostLength);
-  Report(d, "ERROR: A number from -" + most + " to " + most + " must be entered", "Input Error", Icon::Stop);
+  TellRange(d);
   return std::nullopt;
 }
 

@@ -100,6 +100,11 @@ std::string TypePoint(Drafting &d, double x, double y) {
   return {};
 }
 
+// Of the 15 digits that a file keeps of a 32-bit number.
+bool IsNarrow(double v) {
+  return std::abs(static_cast<double>(static_cast<float>(v)) - v) <= 1e-14 * std::abs(v);
+}
+
 std::string Pick(Drafting &d, const Instruction &step) {
   const Point at{step.Value2, step.Value3};
   if (d.Cmd.CmdNo == 0 && step.PointArea != LogSelectEnt) return "no command runs";
@@ -108,10 +113,14 @@ std::string Pick(Drafting &d, const Instruction &step) {
       step.Value4.empty() && std::abs(step.Value1) <= 300 && step.Value1 == std::floor(step.Value1);
   d.Play.Row = row ? static_cast<int>(step.Value1) : -1;
   d.Play.RowType = step.PlotType;
-  if (d.Cmd.CmdNo == 0)
+  if (d.Cmd.CmdNo == 0) {
     IdlePick(d, at);
-  else
-    ClickHeld(d, at);
+    return {};
+  }
+  d.Typed.Entered =
+      step.Value4.empty() && !(IsNarrow(at.X) && IsNarrow(at.Y)); // what is typed is not narrowed
+  ClickHeld(d, at);
+  d.Typed.Entered = false;
   return {};
 }
 
