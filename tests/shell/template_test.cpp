@@ -194,6 +194,29 @@ TEST_F(TemplateJourney, APlayCanBeSteppedAndStopped) {
   EXPECT_DOUBLE_EQ(Radius(), 8);
 }
 
+// Drawn step by step, each way to the end: a step that cannot be drawn is named, the design is back.
+TEST_F(TemplateJourney, AStepThatCannotBeDrawnIsNamedAndTheDesignIsBack) {
+  ASSERT_TRUE(Start());
+  MakeTube();
+  std::string broken = Read(Folder("Tube.Mac"));
+  const std::size_t click = broken.find("\"PointArea:\",151");
+  ASSERT_NE(click, broken.npos);
+  broken.replace(click, 15, "\"PointArea:\",130"); // a pick, where nothing is
+  Write(Folder("Tube.Mac"), broken);
+  const std::string line = "press New\nbox No\npress Sing_Line\nclick -5 0\nclick 5 0\npress Escape\n";
+  const std::string ask = "press mnuchoosetemplate\npress Use_Template\ntype VariableName(0) 60\n";
+  const std::string told =
+      "\nexpect box Instruction 1 (Found Ent): \nexpect hidden TemplateNoteFrame\nexpect count 1";
+  for (const std::string way :
+       {"press Macro_Step\nexpect visible TemplateNoteFrame\npress Macro_Step", "press Paused_Button"}) {
+    SCOPED_TRACE(way);
+    Play(line + ask + "press Template_Steps\npress TemplateForm.Accept\n" + way + told);
+    EXPECT_EQ(Row(0).EntType, LineType);
+    EXPECT_DOUBLE_EQ(Bench().Grain.Doc.GrainDiam, 40);
+    EXPECT_EQ(Bench().Grain.MacroMode, 0);
+  }
+}
+
 TEST_F(TemplateJourney, AFileInItsErrorStatesLeavesTheDesign) {
   ASSERT_TRUE(Start());
   MakeTube();
