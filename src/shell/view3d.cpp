@@ -71,7 +71,7 @@ void FitNewGrain(Workbench &bench) {
   const std::string grain = PlainText(doc.GrainRadius) + " " + PlainText(doc.GrainLength);
   if (bench.View.Fitted == grain) return;
   bench.View.Fitted = grain;
-  FitTo(bench.View.Eye, BoxOf(bench));
+  FitView3d(bench);
 }
 
 void FillScene(Workbench &bench) {
@@ -191,6 +191,11 @@ double LinerOf(const Workbench &bench) {
   const GrainDoc &doc = bench.Grain.Doc;
   const double wanted = bench.View.Look.Liner > 0 ? bench.View.Look.Liner : doc.GrainRadius / 20;
   return std::clamp(wanted, 2.5 * ViewChord(doc.GrainRadius), std::max<double>(0, doc.GrainRadius));
+}
+
+void FitView3d(Workbench &bench) {
+  FitTo(bench.View.Eye, BoxOf(bench));
+  bench.View.FittedEye = bench.View.Eye;
 }
 
 MeshBox BoxOf(const Workbench &bench) {

@@ -14,6 +14,7 @@ struct View3d {
   bool Open = false;
   Camera Eye;
   std::string Fitted; // the grain that Eye was put before
+  Camera FittedEye;   // as it was put: as long as Eye is that, it follows the window's size
   Look3d Look;
   Look3d Editing; // what Setup_3D holds
   bool Whole = false, Across = false;
@@ -59,4 +60,5 @@ struct CutPlace {
 };
 CutPlace CutOf(const Workbench &);
 Place3 GripOf(const CutPlace &);
+void FitView3d(Workbench &);      // all of the grain in the picture, seen as it is
 MeshBox BoxOf(const Workbench &); // of grain and liner before the burn

@@ -32,7 +32,7 @@ void Zoom(Workbench &bench, double x, double y, double factor) {
 
 void See(Workbench &bench, StandardView from) {
   LookFrom(bench.View.Eye, from);
-  FitTo(bench.View.Eye, BoxOf(bench));
+  FitView3d(bench);
 }
 
 void SetCut(View3d &view, bool whole, bool across) {
@@ -103,6 +103,13 @@ void Move(Workbench &bench, const Event &event) {
   }
 }
 
+void Resize(Workbench &bench, double width, double height) {
+  View3d &view = bench.View;
+  const bool asFitted = view.Eye == view.FittedEye;
+  view.Eye.Width = width, view.Eye.Height = height;
+  if (asFitted) FitView3d(bench);
+}
+
 void Picture(Workbench &bench, const Event &event) {
   View3d &view = bench.View;
   constexpr double most = 1e5; // pixels
@@ -116,8 +123,7 @@ void Picture(Workbench &bench, const Event &event) {
     return Zoom(bench, event.X, event.Y, std::pow(1.2, std::clamp(event.Notches, -20.0, 20.0)));
   case Event::Kind::Resize:
     if (std::min(event.X, event.Y) < 1) return;
-    view.Eye.Width = event.X, view.Eye.Height = event.Y;
-    return;
+    return Resize(bench, event.X, event.Y);
   default: return;
   }
 }
@@ -157,7 +163,7 @@ void Press(Workbench &bench, const Event &event) {
   case Ctl::View_Side: return See(bench, StandardView::Side);
   case Ctl::View_Top: return See(bench, StandardView::Top);
   case Ctl::View_Iso: return See(bench, StandardView::Iso);
-  case Ctl::View_Fit: return FitTo(view.Eye, BoxOf(bench));
+  case Ctl::View_Fit: return FitView3d(bench);
   case Ctl::View_Perspective: view.Eye.Perspective = !view.Eye.Perspective; return;
   case Ctl::Cut_None: return SetCut(view, true, view.Across);
   case Ctl::Cut_Lengthwise: return SetCut(view, false, false);
@@ -207,7 +213,7 @@ void View3dKey(Workbench &bench, int key, int shift) {
   case home: return Pause(view), SetBurn(view, 0);
   case end: return Pause(view), SetBurn(view, view.Newest.End);
   case 'P': view.Eye.Perspective = !view.Eye.Perspective; return;
-  case 'F': return FitTo(view.Eye, BoxOf(bench));
+  case 'F': return FitView3d(bench);
   case 'L': view.Liner = !view.Liner; return;
   case 'M': view.Core = !view.Core; return;
   case 'C': return view.Whole ? SetCut(view, false, false) : SetCut(view, view.Across, true);
@@ -227,7 +233,7 @@ bool PressInView3d(Workbench &bench, Ctl target) {
   if (!view.Open) return false;
   const double x = view.Eye.Width / 2, y = view.Eye.Height / 2;
   switch (target) {
-  case Ctl::Zoom_Reset: FitTo(view.Eye, BoxOf(bench)); return true;
+  case Ctl::Zoom_Reset: FitView3d(bench); return true;
   case Ctl::Zoom_x2: Zoom(bench, x, y, 2); return true;
   case Ctl::Zoom_1h: Zoom(bench, x, y, 0.5); return true;
   case Ctl::mnuShot3d: SaveShot3d(bench); return true;

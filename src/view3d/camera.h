@@ -10,6 +10,7 @@ struct Camera {
   double Span = 100;                            // mm that the picture's height shows at the target
   bool Perspective = true;                      // else parallel
   double Width = 800, Height = 600;             // pixels of the picture
+  bool operator==(const Camera &) const = default;
 };
 
 struct Place3 {
