@@ -40,7 +40,8 @@ QWidget *BuildGrain(Bindings &bindings) {
     ++place;
   }
   auto *ends = Bind(bindings, Ctl::Ends_Exposed_Label, new QLabel);
-  ends->setWordWrap(true); // one end below the other
+  ends->setWordWrap(true); // one end below the other, as there is room for one of them only
+  ends->setMaximumWidth(ends->fontMetrics().horizontalAdvance("End A: Yes  "));
   grid->addWidget(ends, 1, 1, Qt::AlignBottom);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
