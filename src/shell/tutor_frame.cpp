@@ -27,14 +27,16 @@ std::string GroupOf(Ctl button) {
 }
 
 std::string WhereText(const LessonTarget &target, const Screen &out) {
-  if (target.Place) return "The place is marked in the drawing.";
+  if (target.Place && target.Button == Ctl::Count) return "The place is marked in the drawing.";
   if (target.Button == Ctl::Count) return {};
+  if (target.Button == Ctl::XFormOption || target.Button == Ctl::Delete_Mode)
+    return "In the card of the running tool, at the right.";
   const bool rotates = target.Button == Ctl::RotateDraw; // its face tells the number alone
   const std::string name = WithoutAnd(out[rotates ? Ctl::tbRotationDraw : target.Button].Text);
   const std::string group = GroupOf(target.Button);
   if (RowOf(target.Button).Name.starts_with("mnu")) return "In the menus above: " + name;
   if (!group.empty()) return "Outlined at the left, under " + group + ": " + name + ".";
-  return name.empty() ? "" : "Outlined: " + name + ".";
+  return "Outlined: " + name + (target.Place ? "; the place is marked in the drawing." : ".");
 }
 
 std::string OneLine(std::string words) {

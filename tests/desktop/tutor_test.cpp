@@ -23,13 +23,14 @@ void OfferLesson(const Journey &j, int index) {
 TEST(Desktop, LessonsArePlayedWithMouseAndKeys) {
   Journey j;
   j.Run(FiveKeys, WithOwn({"focus Tutor_Start",
+                           "keep Circle_Radius",
                            "key Space",
                            "shows Tutor_Head The first circle",
                            "shows Tutor_Step Step 1 of 2",
                            "hidden Empty_Card",
                            "disabled Templates",
                            "expect count 0",
-                           "keep Circle_Radius",
+                           "changed Circle_Radius",
                            "cmd 1",
                            "shows Tutor_Note Wrong Tool!  Click on the 'Create a Circle from Radius' Button",
                            "cmd 20",

@@ -4,6 +4,8 @@
 #include "shell/journey.h"
 #include "shell/tutor.h"
 
+#include <sstream>
+
 namespace {
 
 struct Tutor : Journey {
@@ -70,6 +72,31 @@ TEST_F(Tutor, PlaysALessonToItsEndAndOffersTheNext) {
   EXPECT_EQ(Screen()[Ctl::TutorCombo].Item.at(0), "Starting:  1  The first circle  (done)");
   EXPECT_EQ(Screen()[Ctl::TutorCombo].Index, 1);
   Play("key Escape\nexpect hidden TutorFrame");
+}
+
+// What their sources say, with a press for each message of their own.
+TEST_F(Tutor, PlaysEveryShippedLesson) {
+  std::vector<std::filesystem::path> sources;
+  for (const auto &entry : std::filesystem::directory_iterator(TEST_SOURCE "/data/lesson_sources"))
+    sources.push_back(entry.path());
+  Begin();
+  for (const auto &source : sources) {
+    SCOPED_TRACE(source.filename().string());
+    std::string text, inputs, line;
+    ASSERT_EQ(ReadWhole(source.string(), text), "");
+    std::istringstream lines(text.substr(text.find("\nlesson ") + 1));
+    int index = 0;
+    for (std::getline(lines, line), std::sscanf(line.c_str(), "lesson %d", &index);
+         std::getline(lines, line);)
+      if (line.starts_with("then "))
+        inputs += "press Command1\n";
+      else if (!line.starts_with("say ") && line != "endlesson")
+        inputs += line + "\n";
+    Choose(index);
+    Play("press Tutor_Start\n" + inputs + "expect text Tutor_Step Done\npress TutorCancel");
+    OwnIsBack();
+    Play("press mnuTutor");
+  }
 }
 
 TEST_F(Tutor, GoesOnWhereItWasLeftInTheNextSessionToo) {
