@@ -77,13 +77,18 @@ SearchPane BuildSearchPane(Bindings &bindings) {
   constexpr int Rules = 3;
   for (int i = 0; i < Rules; ++i) AddRule(pane, bindings, *grid, i);
   AddLimits(bindings, *grid, Rules + 1);
-  grid->setColumnStretch(1, 1);
-  column->addWidget(inputs);
+  auto *best = Bind(bindings, Ctl::Optimise_Best, new QLabel);
+  best->setAlignment(Qt::AlignTop);
+  auto *middle = RowLayout(24);
+  middle->addWidget(inputs);
+  middle->addWidget(best, 1);
+  column->addLayout(middle);
 
   auto *row = RowLayout();
   for (const Ctl control : {Ctl::Optimise_Start, Ctl::Optimise_Stop, Ctl::Optimise_Restore}) {
     QPushButton *button = Button(bindings, control);
-    button->setAutoDefault(false);
+    button->setAutoDefault(true); // Enter presses it, where it has the focus
+    button->setMinimumWidth(96);
     row->addWidget(button);
   }
   row->addSpacing(8);
@@ -94,12 +99,7 @@ SearchPane BuildSearchPane(Bindings &bindings) {
   pane.Bar->setRange(0, 100);
   pane.Bar->setTextVisible(false);
   column->addWidget(pane.Bar);
-  auto *best = Bind(bindings, Ctl::Optimise_Best, new QLabel);
-  best->setAlignment(Qt::AlignTop);
-  best->setMinimumHeight((Rules + 1) * QFontMetrics(best->font()).lineSpacing());
-  column->addWidget(best);
-  auto *note = Bind(bindings, Ctl::Optimise_Note, BadNote(2));
-  column->addWidget(note);
+  column->addWidget(Bind(bindings, Ctl::Optimise_Note, BadNote(2)));
   return pane;
 }
 

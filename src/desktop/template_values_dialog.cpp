@@ -39,7 +39,7 @@ QPushButton *StepButton(Bindings &bindings, Ctl field, int row, bool up) {
 
 struct ValueRow {
   QLabel *Caption;
-  QLineEdit *Prompt;
+  QLineEdit *Prompt, *Field;
   QPushButton *Less, *More;
   QLabel *Unit;
 };
@@ -71,10 +71,12 @@ ValueRow AddRow(QGridLayout &grid, Bindings &bindings, int row) {
   grid.addWidget(slider, line, Slider);
   AddRange(grid, bindings, row, line, Vary);
   grid.addWidget(unit, line, Unit);
-  return {caption, words, less, more, unit};
+  return {caption, words, field, less, more, unit};
 }
 
-void CopyRow(const ValueRow &row, const Control &prompt, const Control &value, bool searched) {
+void CopyRow(const ValueRow &row, const Control &prompt, const Control &value, const Control &slider,
+             bool searched) {
+  row.Field->setReadOnly(!slider.Enabled); // by hand or by a search
   row.Unit->setMinimumWidth(
       searched ? 0 : QFontMetrics(row.Unit->font()).horizontalAdvance("mm, 20.00 to 80.00"));
   row.Caption->setVisible(prompt.Visible && !prompt.Enabled);
@@ -82,7 +84,7 @@ void CopyRow(const ValueRow &row, const Control &prompt, const Control &value, b
   row.Prompt->setVisible(prompt.Visible && prompt.Enabled);
   for (QPushButton *button : {row.Less, row.More}) {
     button->setVisible(value.Visible);
-    button->setEnabled(value.Enabled);
+    button->setEnabled(slider.Enabled);
   }
 }
 } // namespace
@@ -112,7 +114,9 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
   grid->addWidget(to, 0, To);
   grid->setColumnStretch(Slider, 1);
   left->addLayout(grid);
-  left->addWidget(Bind(bindings, Ctl::Template_Note, BadNote(4)));
+  auto *note = Bind(bindings, Ctl::Template_Note, BadNote(4));
+  const int roomy = note->minimumHeight();
+  left->addWidget(note);
   const SearchPane search = BuildSearchPane(bindings);
   left->addWidget(search.Pane);
   left->addStretch();
@@ -144,6 +148,7 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
     figures->setColumnStretch(place++ % 3, 1);
   }
   right->addLayout(figures);
+  right->addStretch();
   halves->addLayout(right);
   auto *area = LowScroll(whole);
   column->addWidget(area);
@@ -169,9 +174,11 @@ FormDialog *MakeTemplateValues(Sender send, QWidget *parent) {
     MarkFields(bindings, screen);
     CopySearch(search, screen);
     for (QLabel *name : {from, to}) name->setVisible(searched);
+    note->setMinimumHeight(searched ? 0 : roomy);
     for (int row = 0; row < RowCount; ++row) {
       CopyRow(rows[static_cast<std::size_t>(row)], screen[NthControl(Ctl::Prompt0, row)],
-              screen[NthControl(Ctl::VariableName0, row)], searched);
+              screen[NthControl(Ctl::VariableName0, row)], screen[NthControl(Ctl::Variable_Slider0, row)],
+              searched);
       auto *words = rows[static_cast<std::size_t>(row)].Prompt;
       SetMark(*words, false); // its hint is an example
       words->setToolTip({});

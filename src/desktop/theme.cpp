@@ -112,6 +112,7 @@ QCheckBox:focus { border-color: @Accent; }
 QCheckBox::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 4px; background: @Field; }
 QCheckBox::indicator:checked { background: @Accent; border-color: @Accent; image: url(:/icons/@Ticks/check.svg); }
 QCheckBox::indicator:disabled { background: @Window; }
+QCheckBox::indicator:checked:disabled { background: @Faint; border-color: @Faint; }
 QRadioButton { spacing: 9px; padding: 3px 4px; border: 1px solid transparent; border-radius: 4px; }
 QRadioButton:focus { border-color: @Accent; }
 QRadioButton::indicator { width: 16px; height: 16px; border: 1px solid @Edge; border-radius: 9px; background: @Field; }

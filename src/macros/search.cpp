@@ -74,10 +74,10 @@ bool Over(const Hunt &hunt) {
   return hunt.Trials >= hunt.Asked.MostTrials || past.count() >= hunt.Asked.Seconds;
 }
 
-// Within the range, and no finer than a millionth of it: what is told is what was tried.
+// Within the range, and no finer than about a ten thousandth of it: what is told is what was tried.
 double Fit(const SearchRange &range, double value) {
   if (range.Whole) return std::clamp(std::round(value), std::ceil(range.Least), std::floor(range.Most));
-  const double power = std::pow(10, 6 - std::floor(std::log10(range.Most - range.Least)));
+  const double power = std::pow(10, 4 - std::floor(std::log10(range.Most - range.Least)));
   return std::clamp(std::round(value * power) / power, range.Least, range.Most);
 }
 

@@ -15,6 +15,7 @@ constexpr const char *PromptDefault = "Edit Prompts here:";
 
 void Change(Workbench &bench, int row, const std::string &text) {
   TemplateAsking &ask = bench.Template.Ask;
+  if (ask.Seek.Running) return;
   ask.Given.Answer[At(row)] = text;
   ask.Given.Touched[At(row)] = true;
   ask.Changed = row;
@@ -103,7 +104,6 @@ bool RunForm(Workbench &bench) {
                               ask.Variable.empty() ? 0 : ask.Variable.front().Row);
   out.RunModal(Form::TemplateValues);
   out[Ctl::TemplateForm].Visible = false;
-  StopSearch(bench);
   ++ask.Number; // what is under way comes too late
   return ask.Accepted;
 }
@@ -122,10 +122,15 @@ void EnterIn(Workbench &bench, Ctl box) {
   Accept(bench);
 }
 
+void Leave(Workbench &bench) {
+  StopSearch(bench);
+  bench.Out[Ctl::TemplateForm].Visible = false;
+}
+
 void Key(Workbench &bench, const Event &event) {
   const int row = RowAmong(event.Target, Ctl::VariableName0);
   if (event.KeyCode == EscapeKey || (event.KeyCode == EnterKey && event.Target == Ctl::Template_Cancel)) {
-    bench.Out[Ctl::TemplateForm].Visible = false;
+    Leave(bench);
   } else if (event.KeyCode == EnterKey) {
     EnterIn(bench, event.Target);
   } else if (row >= 0 && (event.KeyCode == UpKey || event.KeyCode == DownKey)) {
@@ -137,7 +142,7 @@ void Press(Workbench &bench, Ctl target) {
   Screen &out = bench.Out;
   switch (target) {
   case Ctl::Template_Accept: return Accept(bench);
-  case Ctl::Template_Cancel: out[Ctl::TemplateForm].Visible = false; return;
+  case Ctl::Template_Cancel: return Leave(bench);
   case Ctl::Template_Preview: return ShowPreview(bench);
   case Ctl::Template_Steps: out[target].Checked = !out[target].Checked; return;
   default: return;
@@ -199,7 +204,7 @@ bool AskPrompts(Workbench &bench, const std::string &name, MacFile &mac) {
 void TemplateFormEvent(Workbench &bench, const Event &event) {
   if (SearchEvent(bench, event)) return;
   switch (event.What) {
-  case Event::Kind::Close: bench.Out[Ctl::TemplateForm].Visible = false; return;
+  case Event::Kind::Close: return Leave(bench);
   case Event::Kind::Key: return Key(bench, event);
   case Event::Kind::Press: return Press(bench, event.Target);
   case Event::Kind::Text: return Typed(bench, event);

@@ -93,8 +93,9 @@ void ShowRows(Workbench &bench) {
     out[TemplateControl(Ctl::Variable_Unit0, row)].Text =
         (ask.Prompts && own ? v->Name + ": " : "") + (ask.Seek.Open ? v->Unit : UnitText(*v));
     out[TemplateControl(Ctl::Prompt0, row)].Enabled = ask.Prompts && own;
-    for (const Ctl first : {Ctl::VariableName0, Ctl::Variable_Slider0})
-      out[TemplateControl(first, row)].Enabled = (own || !ask.Prompts) && !ask.Seek.Running;
+    const bool open = own || !ask.Prompts;
+    out[TemplateControl(Ctl::VariableName0, row)].Enabled = open; // to be read while a search changes it
+    out[TemplateControl(Ctl::Variable_Slider0, row)].Enabled = open && !ask.Seek.Running;
     if (!ask.Prompts || !own) out[TemplateControl(Ctl::Prompt0, row)].Text = WordsOf(*v);
     if (const auto value = ValueOf(ask, row)) ShowSlider(out, *v, *value);
   }

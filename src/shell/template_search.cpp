@@ -31,7 +31,7 @@ void Mark(Workbench &bench, const std::string &words, Ctl field) {
 
 // "Neutrality 94.3 %, volume loading 80 % (at least 80 %)"
 std::string BestText(const Search &search, const SearchTrial &best) {
-  std::string text = FigureName(search.Figure) + " " + FigureTold(best, search.Figure);
+  std::string text = "Best so far\n" + FigureName(search.Figure) + " " + FigureTold(best, search.Figure);
   for (const SearchRule &rule : search.Rule) {
     text += "\n" + FigureName(rule.Figure) + " " + FigureTold(best, rule.Figure) +
             (rule.Below ? ", at most " : ", at least ") + FigureTold(rule.Figure, rule.Limit);

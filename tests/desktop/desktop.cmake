@@ -7,7 +7,7 @@ target_include_directories(test_desktop PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(test_desktop PRIVATE morvandel_desktop morvandel_warnings Qt6::Test GTest::gtest)
 target_compile_definitions(test_desktop PRIVATE
   TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" TEST_BIN="${CMAKE_BINARY_DIR}/bin")
-add_dependencies(test_desktop morvandel morvandel_lessons)
+add_dependencies(test_desktop morvandel morvandel_lessons morvandel_templates)
 if(XVFB_RUN)
   add_test(NAME desktop COMMAND ${XVFB_RUN} -a -s "-screen 0 1440x900x24 +extension GLX" $<TARGET_FILE:test_desktop>)
   add_test(NAME desktop_scale_2 COMMAND ${XVFB_RUN} -a -s "-screen 0 1920x1080x24" $<TARGET_FILE:test_desktop>

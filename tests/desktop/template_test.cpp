@@ -71,6 +71,43 @@ TEST(Desktop, ATemplateIsRecordedChosenDraggedAndAccepted) {
   EXPECT_DOUBLE_EQ(j.Table.Row[0].Radius, 15);
 }
 
+TEST(Desktop, ATemplatesBestValuesAreSoughtBesideTheWindow) {
+  Journey j;
+  j.Run(FiveKeys, PastIntro({"press Templates",
+                             "visible Grain_Selection_Window",
+                             "focus ListView1",
+                             "key Right",
+                             "key Right",
+                             "press Use_Template",
+                             "visible TemplateForm",
+                             "shows TemplateForm Grain Dimensions and Configuration - Star filleted",
+                             "press Optimise",
+                             "visible Optimise_Start",
+                             "whole TemplateForm",
+                             "text Optimise_Seconds 600",
+                             "keep Template_Picture",
+                             "press Optimise_Start",
+                             "visible Optimise_Stop",
+                             "disabled Variable_Slider(2)",
+                             "changed Template_Picture",
+                             "press Optimise_Stop",
+                             "visible Optimise_Start",
+                             "whole TemplateForm",
+                             "press Optimise_Restore",
+                             "same Template_Picture",
+                             "disabled Optimise_Restore",
+                             "text Optimise_To(2) x",
+                             "press Optimise_Start",
+                             "visible Optimise_Start",
+                             "whole TemplateForm",
+                             "text Optimise_To(2) 17",
+                             "press Optimise_Start",
+                             "visible Optimise_Stop",
+                             "press Cancel",
+                             "hidden TemplateForm"}));
+  EXPECT_EQ(j.Table.EntCount, -1);
+}
+
 TEST(Desktop, AVariableIsPutWhereTheCaretStands) {
   Journey j;
   j.Run(FiveKeys, PastIntro({"press mnumaketemplate",
