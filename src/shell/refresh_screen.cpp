@@ -152,7 +152,8 @@ void ModeControls(Workbench &bench) {
   out[Ctl::MyChart2_Frame].Visible = !out.MyChart2.Series.empty() && (results || wide2);
   out[Ctl::sbHints].Visible = !results;
   out[Ctl::Idle_Prompt].Visible = !out[Ctl::UserPrompt].Visible;
-  const bool empty = bench.Grain.Table.EntCount < 0 && !results && bench.Draft.Cmd.CmdNo == 0;
+  const bool begun = bench.Template.Record.Running || bench.Template.Play.Running;
+  const bool empty = bench.Grain.Table.EntCount < 0 && !results && !begun && bench.Draft.Cmd.CmdNo == 0;
   for (const Ctl c : {Ctl::Empty_Hint, Ctl::Empty_Circle, Ctl::Empty_Open, Ctl::Empty_Template})
     out[c].Visible = empty;
 }

@@ -179,7 +179,7 @@ TEST_F(TemplateJourney, APlayCanBeSteppedAndStopped) {
   Play(
       "press New\nbox No\npress Sing_Line\nclick -5 0\nclick 5 0\npress Escape\n"
       "press mnuchoosetemplate\npress Use_Template\ntype VariableName(0) 60\npress Template_Steps\n"
-      "press TemplateForm.Accept\nexpect visible TemplateNoteFrame\nexpect text Paused_Button Continue\n"
+      "press TemplateForm.Accept\nexpect visible TemplateNoteFrame\nexpect hidden Empty_Hint\nexpect text Paused_Button Continue\n"
       "expect count 0\npress Sing_Line\npress Macro_Step\npress Stop_Macro\nexpect hidden TemplateNoteFrame\n"
       "expect count 1");
   EXPECT_EQ(Row(0).EntType, LineType);
