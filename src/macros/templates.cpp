@@ -168,21 +168,33 @@ TemplateFolders UserTemplates(const std::string &appDir) {
   return {folder, folder};
 }
 
-std::string SetUpTemplates(const TemplateFolders &user, const TemplateFolders &shipped) {
-  if (FileExists(user.Template + std::string(IndexName))) return {};
-  std::vector<TemplateEntry> list;
-  if (std::string trouble = ReadTemplateIndex(shipped, list); !trouble.empty() || list.empty())
-    return trouble;
+std::string SetUpTemplates(const TemplateFolders &user, const TemplateFolders &shipped,
+                           std::vector<std::string> &offered) {
+  std::vector<TemplateEntry> all, list;
+  std::string trouble = ReadTemplateIndex(shipped, all);
+  if (trouble.empty()) trouble = ReadTemplateIndex(user, list);
+  if (!trouble.empty()) return trouble;
+  std::vector<TemplateEntry> added;
+  std::vector<std::string> known = offered;
+  for (const TemplateEntry &e : all) {
+    if (std::find(known.begin(), known.end(), e.Key) != known.end()) continue;
+    known.push_back(e.Key);
+    if (!HasKey(list, e.Key) && FindTemplate(user, e.Key).empty()) added.push_back(e);
+  }
   std::error_code failed;
   for (const std::string &folder : {user.Template, user.Picture}) fs::create_directories(folder, failed);
-  for (const TemplateEntry &e : list)
+  for (const TemplateEntry &e : added) {
     for (const auto &[from, to] :
          {std::pair{FindTemplate(shipped, e.Key), user.Template + WithMacEnding(e.Key)},
           std::pair{FindPicture(shipped, e.Key), PicturePath(user, e.Key)}}) {
       std::string bytes;
       if (from.empty() || FileExists(to)) continue;
-      if (std::string trouble = ReadWhole(from, bytes); !trouble.empty()) return trouble;
-      if (std::string trouble = WriteWhole(to, bytes); !trouble.empty()) return trouble;
+      if (trouble = ReadWhole(from, bytes); !trouble.empty()) return trouble;
+      if (trouble = WriteWhole(to, bytes); !trouble.empty()) return trouble;
     }
-  return WriteTemplateIndex(user, list);
+    list.push_back(e);
+  }
+  if (!added.empty()) trouble = WriteTemplateIndex(user, list);
+  if (trouble.empty()) offered = std::move(known);
+  return trouble;
 }

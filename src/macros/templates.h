@@ -41,5 +41,7 @@ std::string PicturePath(const TemplateFolders &, const std::string &key); // whe
 
 TemplateFolders ShippedTemplates(const std::string &install); // beside the program, to be read
 TemplateFolders UserTemplates(const std::string &appDir);
-// The shipped templates as the user's own, once: nothing when he has an index already.
-std::string SetUpTemplates(const TemplateFolders &user, const TemplateFolders &shipped);
+// The shipped templates as the user's own, each once: those whose name is not in `offered`, nor in his list,
+// and whose file does not stand in his folder, at the end of his list. All names go to `offered`.
+std::string SetUpTemplates(const TemplateFolders &user, const TemplateFolders &shipped,
+                           std::vector<std::string> &offered);

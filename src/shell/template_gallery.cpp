@@ -154,6 +154,26 @@ void Key(Workbench &bench, const Event &event) {
 }
 } // namespace
 
+std::string TakeShippedTemplates(Workbench &bench) {
+  constexpr const char *section = "Templates", *key = "Offered";
+  constexpr char parted = '/'; // no template's name holds it
+  std::string text = GetSetting(bench.Settings, section, key);
+  std::vector<std::string> offered;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find(parted, at), text.size());
+    offered.push_back(text.substr(at, end - at));
+    at = end + 1;
+  }
+  const std::size_t before = offered.size();
+  std::string trouble =
+      SetUpTemplates(bench.Template.Folders, ShippedTemplates(bench.Folders.Install), offered);
+  if (offered.size() == before) return trouble;
+  text.clear();
+  for (const std::string &name : offered) text += (text.empty() ? "" : "/") + name;
+  SaveSetting(bench.Settings, section, key, text);
+  return trouble.empty() ? WriteSettings(bench.Settings) : trouble;
+}
+
 std::string ListTemplate(TemplateState &state, const std::string &key, const MacFile &mac) {
   if (const std::string trouble = WriteTemplatePicture(state.Folders, key, mac); !trouble.empty())
     return trouble;
@@ -169,7 +189,7 @@ std::string ListTemplate(TemplateState &state, const std::string &key, const Mac
 void ShowGallery(Workbench &bench) {
   TemplateState &state = bench.Template;
   Screen &out = bench.Out;
-  std::string trouble = SetUpTemplates(state.Folders, ShippedTemplates(bench.Folders.Install));
+  std::string trouble = TakeShippedTemplates(bench);
   if (trouble.empty()) trouble = ReadTemplateIndex(state.Folders, state.Entry);
   if (!trouble.empty()) return Tell(bench, trouble, "Grain Templates"); // the list is not written over
   state.PlayName.clear();

@@ -124,9 +124,7 @@ void FinishRecording(Workbench &bench) {
   std::error_code failed;
   std::filesystem::create_directories(folders.Template, failed);
   // The shipped ones first: a name of theirs is taken.
-  if (const std::string trouble = SetUpTemplates(folders, ShippedTemplates(bench.Folders.Install));
-      !trouble.empty())
-    Tell(bench, trouble);
+  if (const std::string trouble = TakeShippedTemplates(bench); !trouble.empty()) Tell(bench, trouble);
   const std::string name = AskName(bench);
   if (name.empty()) {
     CancelRecording(bench);

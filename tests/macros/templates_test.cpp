@@ -98,7 +98,8 @@ TEST(Templates, IndexOfTemplates) {
   std::vector<TemplateEntry> list{{"gone", ""}};
   EXPECT_EQ(ReadTemplateIndex(own, list), "");
   EXPECT_TRUE(list.empty());
-  ASSERT_EQ(SetUpTemplates(own, Shipped), "");
+  std::vector<std::string> offered;
+  ASSERT_EQ(SetUpTemplates(own, Shipped, offered), "");
   ASSERT_EQ(ReadTemplateIndex(own, list), "");
   const std::size_t all = list.size();
   EXPECT_GE(all, 12u);
@@ -122,6 +123,24 @@ TEST(Templates, IndexOfTemplates) {
   std::vector<TemplateEntry> again;
   ASSERT_EQ(ReadTemplateIndex(own, again), "");
   EXPECT_EQ(again, list);
+
+  // One newly shipped comes, once; what was taken from the list, with its file or without, stays away.
+  const std::string gone = offered[4];
+  std::erase(offered, "Star");
+  for (const char *made : {"Star", "My star"}) std::filesystem::remove(FindTemplate(own, made));
+  std::erase_if(list, [&](const TemplateEntry &e) { return e.Key == "Star" || e.Key == gone; });
+  ASSERT_EQ(WriteTemplateIndex(own, list), "");
+  std::filesystem::remove(FindTemplate(own, gone));
+  for (int start = 0; start < 2; ++start) {
+    ASSERT_EQ(SetUpTemplates(own, Shipped, offered), "");
+    ASSERT_EQ(ReadTemplateIndex(own, again), "");
+    ASSERT_EQ(again.size(), list.size() + 1 - static_cast<std::size_t>(start));
+    EXPECT_EQ(again.back().Key, start == 0 ? "Star" : list.back().Key);
+    EXPECT_EQ(FindTemplate(own, "Star").empty(), start == 1);
+    ASSERT_EQ(WriteTemplateIndex(own, list), ""); // taken from the list again
+    if (start == 0) std::filesystem::remove(FindTemplate(own, "Star"));
+  }
+  again = list;
 
   ASSERT_EQ(WriteWhole(own.Template + "Templates", "\"a\",\"b\"\n\"c\",\"d\",\"e\"\n"), "");
   EXPECT_NE(ReadTemplateIndex(own, again).find("Templates: line 2"), std::string::npos);
