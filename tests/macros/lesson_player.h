@@ -2,6 +2,7 @@
 #include "base/whole_file.h"
 #include "macros/lesson.h"
 #include "macros/tables.h"
+#include "scratch_folder.h"
 #include "shell/play_script.h"
 #include "shell/refresh_screen.h"
 #include "shell/start_up.h"
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <sstream>
-#include <unistd.h>
 
 // The lessons' sources, and a pupil who does what a lesson says.
 namespace lessons {
@@ -28,25 +28,16 @@ struct AnsweringScreen : ScriptedScreen {
   }
 };
 
-struct Home { // a folder of its own
-  fs::path Path = fs::path(testing::TempDir()) / ("lessons_" + std::to_string(getpid()));
-  Home() {
-    fs::remove_all(Path);
-    fs::create_directories(Path);
-    WriteWhole((Path / "IntroFile.txt").string(), "1\r\n");
-  }
-  ~Home() { fs::remove_all(Path); }
-};
-
 struct Program {
-  Home Folder;
+  ScratchFolder Folder;
   AnsweringScreen Screen;
   Workbench Bench{Screen};
   ScriptedLessons Lessons;
   Program() {
+    WriteWhole(Folder.Path + "IntroFile.txt", "1\r\n");
     BindScript(Bench, Screen, {.Templates = nullptr, .Lessons = &Lessons});
     WorkFolders folders;
-    folders.AppDir = Folder.Path.string() + "/";
+    folders.AppDir = Folder.Path;
     folders.Install = TEST_SOURCE "/";
     EXPECT_TRUE(StartUp(Bench, folders, ReadCommandLine({"Gd=60", "Gl=100", "Ea=0", "Eb=0", "Td=9"})));
     Bench.Grain.Doc.SnapToGrid = 0;

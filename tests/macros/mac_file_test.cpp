@@ -1,58 +1,30 @@
+#include "macros/file_maker.h"
 #include "macros/mac_file.h"
-#include "macros/tables.h"
-#include "rounds.h"
 
-#include <random>
+#include <gtest/gtest.h>
 
 namespace {
 
 constexpr std::string_view ReadingWords = "Unfortunately an Error was encounted reading the Template file";
 
-struct Maker {
-  std::mt19937 Luck;
-  int Below(int n) { return static_cast<int>(Luck() % static_cast<unsigned>(n)); }
-  double Number() { return (Below(2000001) - 1000000) / 1000.0; }
-  std::string Text() {
-    const std::vector<std::string> words{"PicInfo",
-                                         "Rotation",
-                                         "VariableNameCntr",
-                                         "a, b",
-                                         "(1 [2 .. 3])",
-                                         "x;y",
-                                         "ENTERKEY",
-                                         "Next Macro",
-                                         "#TRUE#",
-                                         "r\xC3\xA4"
-                                         "dius",
-                                         ""};
-    return words[static_cast<std::size_t>(Below(static_cast<int>(words.size())))];
-  }
-  MacFile Mac() {
-    MacFile mac;
-    mac.Heading = Text();
-    mac.Rotation = Number();
-    mac.VariableNameCntr = 1 + Below(9);
-    for (int i = 0; i <= mac.VariableNameCntr; ++i)
-      mac.Variables.Row[static_cast<std::size_t>(i)] = {Number(), (i < 2 ? "*V" : "#V") + std::to_string(i),
-                                                        Text(), ""};
-    const auto rows = [&](std::vector<Entity> &to) {
-      for (int i = Below(6); i > 0; --i)
-        to.push_back(Below(2) ? MakeLine(Number(), Number(), Number(), Number())
-                              : MakeArc(Number(), Number(), 1 + Below(50), 0.25, 1.5));
-    };
-    rows(mac.Start);
-    for (int i = Below(20); i > 0; --i)
-      mac.Log.push_back({Below(213), Number(), Number(), Number(), Text(), Below(5), Below(5)});
-    rows(mac.Finished);
-    return mac;
-  }
-};
+MacFile RandomMac(FileMaker &maker) {
+  MacFile mac;
+  mac.Heading = maker.Text();
+  mac.Rotation = maker.Number();
+  mac.VariableNameCntr = 1 + maker.Below(9);
+  for (int i = 0; i <= mac.VariableNameCntr; ++i)
+    mac.Variables.Row[static_cast<std::size_t>(i)] = {
+        maker.Number(), (i < 2 ? "*V" : "#V") + std::to_string(i), maker.Text(), ""};
+  mac.Start = maker.Rows();
+  for (int i = maker.Below(20); i > 0; --i) mac.Log.push_back(maker.Step());
+  mac.Finished = maker.Rows();
+  return mac;
+}
 
 TEST(MacFile, ComesBackAsItWasWritten) {
-  Maker maker;
   for (int round = 0; round < 3000 * Rounds(); ++round) {
-    maker.Luck.seed(static_cast<unsigned>(Seed()) + static_cast<unsigned>(round));
-    const std::string text = MacText(maker.Mac());
+    FileMaker maker(round);
+    const std::string text = MacText(RandomMac(maker));
     MacFile first, second;
     ASSERT_EQ(ParseMac(text, "x.Mac", first), "") << text;
     ASSERT_EQ(MacText(first), text);
@@ -66,21 +38,10 @@ TEST(MacFile, ComesBackAsItWasWritten) {
 }
 
 TEST(MacFile, BrokenOnesAreToldAndReplaceNothing) {
-  Maker maker;
   int told = 0;
   for (int round = 0; round < 3000 * Rounds(); ++round) {
-    maker.Luck.seed(static_cast<unsigned>(Seed()) + static_cast<unsigned>(round));
-    std::string text = MacText(maker.Mac());
-    for (int hits = 1 + maker.Below(3); hits > 0; --hits) {
-      const auto at = static_cast<std::size_t>(maker.Below(static_cast<int>(text.size())));
-      switch (maker.Below(5)) {
-      case 0: text.resize(at + 1); break;
-      case 1: text[at] = static_cast<char>(maker.Below(256)); break;
-      case 2: text.insert(at, "99999999999"); break;
-      case 3: text.erase(at, 7); break;
-      default: text.insert(at, "\r\n"); break;
-      }
-    }
+    FileMaker maker(round);
+    const std::string text = maker.Broken(MacText(RandomMac(maker)));
     MacFile mac;
     mac.Heading = "kept";
     const std::string trouble = ParseMac(text, "x.Mac", mac);

@@ -1,4 +1,5 @@
 // Any session that was recorded, written, read and played gives the same table bit for bit.
+#include "chance.h"
 #include "macros/tables.h"
 #include "rounds.h"
 
@@ -12,18 +13,8 @@
 #include "macros/record.h"
 
 #include <cmath>
-#include <random>
 
 namespace {
-
-struct Chance {
-  std::mt19937 Source;
-  int Below(int n) { return static_cast<int>(Source() % static_cast<unsigned>(n)); }
-  template <class T>
-  const T &Of(const std::vector<T> &choice) {
-    return choice[static_cast<std::size_t>(Below(static_cast<int>(choice.size())))];
-  }
-};
 
 // A user who draws whatever comes to his mind.
 struct Scribbler : Screen {

@@ -1,15 +1,12 @@
 #pragma once
 #include "macros/mac_file.h"
+#include "same_rows.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
 #include <vector>
-
-inline std::vector<Entity> RowsOf(const EntityTable &table) {
-  return {table.Row.begin(), table.Row.begin() + table.EntCount + 1};
-}
 
 // Bit for bit, by what a type uses; empty when all rows are the same.
 inline std::string Difference(const std::vector<Entity> &a, const std::vector<Entity> &b) {

@@ -1,55 +1,25 @@
 #include "base/whole_file.h"
-#include "macros/tables.h"
+#include "macros/file_maker.h"
 #include "macros/tutor_file.h"
-#include "rounds.h"
+#include "scratch_folder.h"
 
-#include <filesystem>
-#include <random>
+#include <gtest/gtest.h>
 
 namespace {
 
-struct Maker {
-  std::mt19937 Luck;
-  int Below(int n) { return static_cast<int>(Luck() % static_cast<unsigned>(n)); }
-  double Number() { return (Below(2000001) - 1000000) / 1000.0; }
-  std::string Text() {
-    static const std::vector<std::string> words{"Next Macro",
-                                                "999",
-                                                "Click, then (look) [here]",
-                                                "",
-                                                "ENTERKEY",
-                                                "2*R;pi",
-                                                "-1",
-                                                "#TRUE#",
-                                                "0",
-                                                "r\xC3\xA4"
-                                                "dius"};
-    return words[static_cast<std::size_t>(Below(static_cast<int>(words.size())))];
+std::vector<Lesson> RandomLessons(FileMaker &maker) {
+  std::vector<Lesson> all(static_cast<std::size_t>(maker.Below(4)));
+  for (Lesson &l : all) {
+    l.Name = maker.Text();
+    l.Index = maker.Below(2000) - 1000;
+    l.Level = 1 + maker.Below(3);
+    l.Start = maker.Rows();
+    for (int i = maker.Below(8); i > 0; --i)
+      l.Step.push_back({maker.Text(), maker.Text(), maker.Step(), maker.Below(2) * 0.5});
+    for (int i = maker.Below(3); i > 0; --i) l.Shown.push_back(maker.Rows(1));
   }
-  std::vector<Entity> Rows(int least) {
-    std::vector<Entity> to;
-    for (int i = least + Below(4); i > 0; --i)
-      to.push_back(Below(2) ? MakeLine(Number(), Number(), Number(), Number())
-                            : MakeArc(Number(), Number(), 1 + Below(50), 0.25, 1.5));
-    return to;
-  }
-  std::vector<Lesson> Lessons() {
-    std::vector<Lesson> all(static_cast<std::size_t>(Below(4)));
-    for (Lesson &l : all) {
-      l.Name = Text();
-      l.Index = Below(2000) - 1000;
-      l.Level = 1 + Below(3);
-      l.Start = Rows(0);
-      for (int i = Below(8); i > 0; --i)
-        l.Step.push_back({Text(),
-                          Text(),
-                          {Below(230), Number(), Number(), Number(), Text(), Below(5), Below(5)},
-                          Below(2) * 0.5});
-      for (int i = Below(3); i > 0; --i) l.Shown.push_back(Rows(1));
-    }
-    return all;
-  }
-};
+  return all;
+}
 
 void ExpectSame(const std::vector<Lesson> &a, const std::vector<Lesson> &b) {
   ASSERT_EQ(a.size(), b.size());
@@ -63,10 +33,9 @@ void ExpectSame(const std::vector<Lesson> &a, const std::vector<Lesson> &b) {
 }
 
 TEST(TutorFile, ComesBackAsItWasWritten) {
-  Maker maker;
   for (int round = 0; round < 2000 * Rounds(); ++round) {
-    maker.Luck.seed(static_cast<unsigned>(Seed()) + static_cast<unsigned>(round));
-    const std::vector<Lesson> lessons = maker.Lessons();
+    FileMaker maker(round);
+    const std::vector<Lesson> lessons = RandomLessons(maker);
     const std::string text = TutorText(lessons);
     std::vector<Lesson> first, second;
     ASSERT_EQ(ParseTutor(text, "x.tut", first), "") << text;
@@ -80,22 +49,11 @@ TEST(TutorFile, ComesBackAsItWasWritten) {
 }
 
 TEST(TutorFile, BrokenOnesAreToldAndReplaceNothing) {
-  Maker maker;
   int told = 0;
   for (int round = 0; round < 3000 * Rounds(); ++round) {
-    maker.Luck.seed(static_cast<unsigned>(Seed()) + static_cast<unsigned>(round));
-    std::string text = TutorText(maker.Lessons());
+    FileMaker maker(round);
+    const std::string text = maker.Broken(TutorText(RandomLessons(maker)));
     if (text.empty()) continue;
-    for (int hits = 1 + maker.Below(3); hits > 0 && !text.empty(); --hits) {
-      const auto at = static_cast<std::size_t>(maker.Below(static_cast<int>(text.size())));
-      switch (maker.Below(5)) {
-      case 0: text.resize(at + 1); break;
-      case 1: text[at] = static_cast<char>(maker.Below(256)); break;
-      case 2: text.insert(at, "99999999999"); break;
-      case 3: text.erase(at, 7); break;
-      default: text.insert(at, "\r\n"); break;
-      }
-    }
     std::vector<Lesson> lessons(7), again;
     const std::string trouble = ParseTutor(text, "x.tut", lessons);
     if (trouble.empty()) { // what was read can be written and read
@@ -112,9 +70,8 @@ TEST(TutorFile, BrokenOnesAreToldAndReplaceNothing) {
 }
 
 TEST(TutorFile, FileAndBuffer) {
-  const std::string folder = testing::TempDir() + "tutor_file/", path = folder + "Tutor Macros.tut";
-  std::filesystem::remove_all(folder);
-  std::filesystem::create_directories(folder);
+  const ScratchFolder scratch;
+  const std::string &folder = scratch.Path, path = folder + "Tutor Macros.tut";
   std::vector<Lesson> lessons;
   EXPECT_EQ(ReadTutorFile(path, lessons), "Can't Find Tutor File\n" + path + ": there is no such file");
   Lesson one{"One", 4, 2, {}, {}, {}};
@@ -135,7 +92,7 @@ TEST(TutorFile, FileAndBuffer) {
   EXPECT_EQ(bytes, "\"Next Macro\"\r\n\"x\"\r\n1\r\n4\r\n");
 
   const std::string buffer = folder + "TutorEntBuffer.tmp";
-  Maker maker;
+  FileMaker maker(0);
   std::vector<std::vector<Entity>> written{maker.Rows(2), maker.Rows(1)}, read;
   for (const auto &rows : written) ASSERT_EQ(AppendTutorBuffer(buffer, rows), "");
   ASSERT_EQ(ReadTutorBuffer(buffer, read), "");
@@ -144,7 +101,6 @@ TEST(TutorFile, FileAndBuffer) {
   EXPECT_EQ(ReadTutorBuffer(buffer, read), buffer + ": line 2, field 2 (EntType): expected 1 (line), 2 "
                                                     "(circle) or 4 (arc), found \"3\"");
   EXPECT_EQ(read.size(), 2u);
-  std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -39,6 +39,13 @@ TEST_F(TutorJourney, RecordsALessonAndBringsTheDesignBack) {
   MacroPause(Bench(), Rec); // nothing is drawn yet
   Done("click 0 0", "answer cancel");
   MacroPause(Bench(), Rec);
+  // Taken back and brought again it keeps its words; what comes in its place has its own.
+  Done("press Undo", "");
+  Done("click 3 3", "answer Elsewhere");
+  Done("press Undo", "");
+  Done("click 0 0", "answer Here");
+  Done("press Undo", "");
+  Done("press Redo", "");
   Done("click 9 0", "answer There");
   const std::vector<Entity> drawn = RowsOf(Bench().Grain.Table);
   ASSERT_TRUE(With("", [&] { return MacroStop(Bench(), Rec); }));
@@ -51,9 +58,11 @@ TEST_F(TutorJourney, RecordsALessonAndBringsTheDesignBack) {
   ASSERT_EQ(lessons.size(), 1u);
   const Lesson &l = lessons[0];
   EXPECT_EQ(l.Name + std::to_string(l.Index) + std::to_string(l.Level), "One122");
-  ASSERT_EQ(l.Step.size(), 5u); // the grain, the tool, its answer, two places
+  std::vector<Instruction> log;
+  for (const LessonStep &s : l.Step) log.push_back(s.Expected);
+  ASSERT_EQ(l.Step.size(), 5u) << LogText(log); // the grain, the tool, its answer, two places
   EXPECT_EQ(l.Step[1].Message, "A circle of 5");
-  EXPECT_EQ(l.Step[3].Message, "");
+  EXPECT_EQ(l.Step[3].Message, "Here");
   EXPECT_EQ(l.Step[4].Message, "There");
   ASSERT_EQ(l.Shown.size(), 2u);
   EXPECT_EQ(l.Shown[0].size(), 1u);

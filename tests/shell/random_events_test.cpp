@@ -1,21 +1,15 @@
 // Any events in any order: the program neither falls nor leaves a broken design.
+#include "chance.h"
 #include "rounds.h"
 #include "shell/journey.h"
 
 #include "shell/grain_file.h"
 
 #include <cmath>
-#include <random>
 
 namespace {
 
-struct Chance {
-  std::mt19937 Source;
-  int Below(int n) { return static_cast<int>(Source() % static_cast<unsigned>(n)); }
-  template <class T>
-  const T &Of(const std::vector<T> &choice) {
-    return choice[static_cast<std::size_t>(Below(static_cast<int>(choice.size())))];
-  }
+struct Odds : Chance {
   double Number() {
     static const std::vector<double> odd{0, -1, 1e-300, 1e300, 1e38, 1e9, HUGE_VAL, -HUGE_VAL, std::nan("")};
     return Below(8) ? (Below(20001) - 10000) / 100.0 : Of(odd);
@@ -24,7 +18,7 @@ struct Chance {
 
 // A user without sense: every box, file dialog and window gets some answer.
 struct RandomScreen : Screen {
-  Chance Luck;
+  Odds Luck;
   std::vector<std::string> Files;
 
   Answer Ask(const Box &box) override {
