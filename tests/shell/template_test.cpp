@@ -179,7 +179,8 @@ TEST_F(TemplateJourney, APlayCanBeSteppedAndStopped) {
   Play(
       "press New\nbox No\npress Sing_Line\nclick -5 0\nclick 5 0\npress Escape\n"
       "press mnuchoosetemplate\npress Use_Template\ntype VariableName(0) 60\npress Template_Steps\n"
-      "press TemplateForm.Accept\nexpect visible TemplateNoteFrame\nexpect hidden Empty_Hint\nexpect text Paused_Button Continue\n"
+      "press TemplateForm.Accept\nexpect visible TemplateNoteFrame\nexpect hidden Empty_Hint\nexpect text "
+      "Paused_Button Continue\n"
       "expect count 0\npress Sing_Line\npress Macro_Step\npress Stop_Macro\nexpect hidden TemplateNoteFrame\n"
       "expect count 1");
   EXPECT_EQ(Row(0).EntType, LineType);
@@ -194,27 +195,35 @@ TEST_F(TemplateJourney, APlayCanBeSteppedAndStopped) {
   EXPECT_DOUBLE_EQ(Radius(), 8);
 }
 
-// Drawn step by step, each way to the end: a step that cannot be drawn is named, the design is back.
+// The form refuses what cannot be drawn; what fails all the same is named, and the design is back.
 TEST_F(TemplateJourney, AStepThatCannotBeDrawnIsNamedAndTheDesignIsBack) {
   ASSERT_TRUE(Start());
   MakeTube();
-  std::string broken = Read(Folder("Tube.Mac"));
-  const std::size_t click = broken.find("\"PointArea:\",151");
-  ASSERT_NE(click, broken.npos);
-  broken.replace(click, 15, "\"PointArea:\",130"); // a pick, where nothing is
-  Write(Folder("Tube.Mac"), broken);
-  const std::string line = "press New\nbox No\npress Sing_Line\nclick -5 0\nclick 5 0\npress Escape\n";
-  const std::string ask = "press mnuchoosetemplate\npress Use_Template\ntype VariableName(0) 60\n";
-  const std::string told =
-      "\nexpect box Instruction 1 (Found Ent): \nexpect hidden TemplateNoteFrame\nexpect count 1";
-  for (const std::string way :
-       {"press Macro_Step\nexpect visible TemplateNoteFrame\npress Macro_Step", "press Paused_Button"}) {
-    SCOPED_TRACE(way);
-    Play(line + ask + "press Template_Steps\npress TemplateForm.Accept\n" + way + told);
+  const std::string told = "expect box Instruction 2: there is no such kind of input\n";
+  const auto isBack = [&] {
     EXPECT_EQ(Row(0).EntType, LineType);
     EXPECT_DOUBLE_EQ(Bench().Grain.Doc.GrainDiam, 40);
     EXPECT_EQ(Bench().Grain.MacroMode, 0);
+  };
+  Play("press New\nbox No\npress Sing_Line\nclick -5 0\nclick 5 0\npress Escape");
+  const std::string ask = "press mnuchoosetemplate\npress Use_Template\ntype VariableName(0) 60\n";
+  for (const std::string way : {"press Macro_Step\npress Macro_Step\n", "press Paused_Button\n"}) {
+    SCOPED_TRACE(way);
+    Play(ask + "press Template_Steps\npress TemplateForm.Accept\nexpect visible TemplateNoteFrame");
+    Bench().Template.Play.Log.at(2).PointArea = 999;
+    Play(way + told + "expect hidden TemplateNoteFrame\nexpect count 1");
+    isBack();
   }
+  std::string broken = Read(Folder("Tube.Mac"));
+  const std::size_t click = broken.find("\"PointArea:\",151");
+  ASSERT_NE(click, broken.npos);
+  Write(Folder("Tube.Mac"), broken.replace(click + 13, 3, "999"));
+  Play(ask + "press TemplateForm.Accept\n" + told + "press TemplateForm.Cancel\nexpect count 1");
+  isBack();
+  Screen().Lines = ReadScript(told);
+  MacroPlay2_Click(Bench(), "tube", 5); // no questions, no form
+  EXPECT_EQ(Screen().Lines.Fault, "");
+  isBack();
 }
 
 TEST_F(TemplateJourney, AFileInItsErrorStatesLeavesTheDesign) {
