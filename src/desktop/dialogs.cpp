@@ -76,7 +76,9 @@ FormDialog *MakeIntroPage(Sender send, QWidget *parent) {
                {"performance", "<b>Press RUN SIM.</b> The outline burns outward, step by step: burn area, "
                                "Kn, sliver and loading follow."},
                {"view2d", "<b>Replay the burn.</b> Run the pointer over the area chart: the drawing shows "
-                          "the front at that distance."}};
+                          "the front at that distance."},
+               {"tutor", "<b>Learn by lessons.</b> The cap in the tool bar leads from the first circle to a "
+                         "burnt star, step by step."}};
   auto *dialog = new FormDialog(Ctl::IntroPage, std::move(send), parent);
   auto *column = Column(*dialog);
   auto *text = Bind(dialog->Controls, Ctl::Intro_Text, new QLabel);

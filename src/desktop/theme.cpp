@@ -141,6 +141,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 #ChartCell { background: @Field; }
 #RecoveryBar { background: @Notice; border-bottom: 1px solid @Hairline; }
 #TutorFrame { background: @Glow; border-bottom: 1px solid @Hairline; }
+#TutorFrame QProgressBar { background: @Hairline; }
 #TemplateNoteFrame { background: @Notice; border-bottom: 1px solid @Hairline; }
 #TemplateNoteFrame QListView { background: transparent; border: none; padding: 0; }
 #TemplateNoteFrame QListView::item { background: @Field; border: 1px solid @Hairline; border-radius: 5px; padding: 1px 8px; margin-right: 6px; min-height: 20px; }

@@ -57,10 +57,10 @@ TutorStrip::TutorStrip(Bindings &bindings) {
   label->setBuddy(tolerance);
   top->addWidget(label);
   top->addWidget(tolerance);
-  for (const Ctl control : {Ctl::MacroPause, Ctl::MacroStop, Ctl::Tutor_Again})
-    top->addWidget(StripButton(bindings, control, control == Ctl::MacroStop));
-  top->addWidget(StripButton(bindings, Ctl::TutorCancel));
-  top->addWidget(StripButton(bindings, Ctl::Tutor_Start, true));
+  for (const Ctl control : {Ctl::MacroPause, Ctl::Tutor_Again, Ctl::TutorCancel})
+    top->addWidget(StripButton(bindings, control));
+  for (const Ctl control : {Ctl::MacroStop, Ctl::Tutor_Start})
+    top->addWidget(StripButton(bindings, control, true));
   column->addLayout(top);
   Prompt = Wrapped(Words(bindings, Ctl::Tutor_Prompt, Type::Prompt));
   column->addWidget(Prompt);

@@ -73,17 +73,75 @@ TEST(Desktop, ALessonLeadsThroughTheMotorWindow) {
                  "press TutorCancel", "hidden Pressure_Results", "expect count 1"}));
 }
 
+TEST(Desktop, ALessonMakesATemplate) {
+  Journey j;
+  OfferLesson(j, 10);
+  Lines lines = {"press Tutor_Start",
+                 "press mnumaketemplate",
+                 "visible VariableNameForm",
+                 "text Text1(2) TipRad",
+                 "text Variable_Value(2) 13",
+                 "press Next",
+                 "shows Tutor_Step Step 1 of 11",
+                 "press mnumaketemplate",
+                 "visible VariableNameForm",
+                 "text Text1(2) TipRad",
+                 "text Variable_Value(2) 14",
+                 "text Text1(3) ValleyRad",
+                 "text Variable_Value(3) 5",
+                 "text Text1(4) Fillet",
+                 "text Variable_Value(4) 0.5",
+                 "press Next",
+                 "press Command1",
+                 "visible TemplateNoteFrame",
+                 "hidden Cancel_Macro",
+                 "cmd 97",
+                 "answer 6",
+                 "cmd 1"};
+  for (const char *at :
+       {"TipRad 0", "ValleyRad*cos(pi/6) ValleyRad/2", "TipRad 0", "ValleyRad*cos(pi/6) -ValleyRad/2"}) {
+    const QStringList xy = QString(at).split(' ');
+    for (const QString &line :
+         {QString("press Key_In"), "text X_Input " + xy[0], "text Y_Input " + xy[1], QString("key Return")})
+      lines.push_back(line);
+  }
+  for (const char *line :
+       {"shows Tutor_Step Step 8 of 11", "cmd 55", "answer Fillet", "click 9.2 1.25", "click 9.2 -1.25",
+        "press Stop_Macro", "text Answer Rounded star", "key Return", "visible TemplateForm",
+        "text Prompt(2) Tip radius, mm [10 .. 18]", "text Prompt(3) Valley radius, mm [3 .. 7]",
+        "text Prompt(4) Tip fillet, mm [0.2 .. 1]", "press Accept", "press Command1", "shows Tutor_Step Done",
+        "press TutorCancel", "hidden TemplateNoteFrame", "expect count 1"})
+    lines.push_back(line);
+  j.Run(FiveKeys, WithOwn(lines));
+}
+
 TEST(Layout, NoTextOfTheTutorIsCut) {
   for (const double points : {10.0, 12.0}) {
     SCOPED_TRACE(points);
     SetBaseFont(points);
     Journey j;
     OfferLesson(j, 7);
-    j.Run(FiveKeys, WithOwn({"whole TutorFrame", "press Tutor_Start", "shows Tutor_Step Step 1 of 7",
-                             "whole TutorFrame", "cmd 20", "whole TutorFrame", "press RunSim2",
-                             "shows Tutor_Step Step 2 of 7", "whole TutorFrame", "press TutorCancel",
-                             "press MacroRecord", "answer Bore", "answer 40", "answer 1", "box No",
-                             "visible MacroStop", "whole TutorFrame", "press TutorCancel", "box Yes"}));
+    j.Run(FiveKeys, WithOwn({"whole TutorFrame",
+                             "press Tutor_Start",
+                             "shows Tutor_Step Step 1 of 7",
+                             "whole TutorFrame",
+                             "cmd 20",
+                             "whole TutorFrame",
+                             "press RunSim2",
+                             "shows Tutor_Step Step 2 of 7",
+                             "whole TutorFrame",
+                             "place frmMain 0 0 900 500",
+                             "whole TutorFrame",
+                             "press TutorCancel",
+                             "press MacroRecord",
+                             "answer Bore",
+                             "answer 40",
+                             "answer 1",
+                             "box No",
+                             "visible MacroStop",
+                             "whole TutorFrame",
+                             "press TutorCancel",
+                             "box Yes"}));
   }
   SetBaseFont(10);
 }
