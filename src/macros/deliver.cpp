@@ -83,7 +83,10 @@ std::string TypeX(Drafting &d, double value) {
 }
 
 std::string TypeY(Drafting &d, double value) {
-  if (FieldsOf(d) == FieldUse::None) return "no field takes a number";
+  const FieldUse use = FieldsOf(d);
+  if (use == FieldUse::None) return "no field takes a number";
+  // A value of its own in X_Input was an input before; a text that is still there was not entered.
+  if (use == FieldUse::Value) d.Out[Ctl::X_Input].Text.clear();
   TypeField(d, Ctl::Y_Input, value);
   EnterField(d, Ctl::Y_Input);
   return {};

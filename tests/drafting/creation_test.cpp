@@ -158,7 +158,8 @@ TEST_F(Creation, RotationDrawRepeatsAsOneChange) {
 
 TEST_F(Creation, InputsAreLoggedWithTheirValues) {
   Run("cmd 20|answer 5|click 0 0|key Escape");
-  Bench().Draft.Log = {true, {}, {}};
+  Bench().Draft.Log = {};
+  Bench().Draft.Log.On = true;
   Play("cmd 51\ntype BoxWidth 6\ntype BoxHeight 2*2\npress CC\npress AcceptBoxWH\ncmd 53\npress PolyCorner\n"
        "key Escape\ncmd 54\nclick 5 0\nanswer 4\nanswer 0\nanswer 45*8\nkey Escape\n");
   const std::vector<Instruction> expected{{51, 0, 0, 0, ""},          {51, 6, 4, 5, ";2*2"},
