@@ -76,6 +76,10 @@ TEST_F(TemplateSearch, FindsTheBestThatKeepsTheRulesAndGivesTheFormerValuesBack)
        "type Optimise_Limit(0) 99.9\npress Optimise_Start\n"
        "expect text Optimise_Note No trial keeps all that is to be kept; this one comes nearest\n" +
        Cancel);
+  // The motor's figures: the widest port leaves the least impulse.
+  Play(Form + "press Optimise_Rule(0):\ntype Optimise_Limit(0)\npress Optimise_Figure:Total impulse, N s\n"
+              "press Optimise_Start\npress TemplateForm.Accept");
+  EXPECT_NEAR(Radius(Bench()), 15, 1e-3);
 }
 
 TEST_F(TemplateSearch, StopKeepsTheBestSoFarAndAClosedFormEndsIt) {
