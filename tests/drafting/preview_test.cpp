@@ -123,7 +123,7 @@ TEST_F(Preview, TheClickDoesWhatWasShown) {
           SCOPED_TRACE("tool " + std::to_string(tool) + " round " + std::to_string(round) + " click " +
                        std::to_string(i) + (turning ? " turning" : ""));
           const std::string before = Told(Grain.Table);
-          Draft.Cmd.KeyInX = tool == 26 || tool == 36; // the radius is typed
+          Draft.Cmd.RadiusHeld = tool == 26 || tool == 36; // the radius is typed
           const double had = LengthOf(Grain.Table);
           const Point p = i % 4 == 3 ? Point{Between(-45, 45), Between(-45, 45)} : Somewhere();
           Move(p);
