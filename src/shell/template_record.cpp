@@ -98,7 +98,7 @@ void Macro(Workbench &bench) {
   TemplateState &state = bench.Template;
   if (state.Record.Running) return;
   LeaveResults(bench.Grain, bench.Out, bench.Sim);
-  LeaveCommand(bench.Draft);
+  if (!bench.Draft.Log.On) LeaveCommand(bench.Draft); // a lesson's log would know nothing of it
   state.Named = {};
   SetGrainVariables(state.Named, bench.Grain.Doc.GrainDiam, static_cast<double>(bench.Grain.Doc.GrainLength));
   if (AskVariableNames(bench)) M2(bench);
@@ -130,7 +130,8 @@ void FinishRecording(Workbench &bench) {
     CancelRecording(bench);
     return;
   }
-  LeaveCommand(bench.Draft);
+  for (int tool = 0; tool < 2 && !bench.Template.Record.InLesson; ++tool)
+    Escape(bench.Draft); // a zoom, and what it stands over; logged, since the prompts may be called off
   MacFile mac = RecordedTemplate(bench.Template.Record, bench.Draft);
   if (bench.Template.Record.InLesson) return EndInLesson(bench, name, mac);
   if (!PlaysBack(bench, mac) || (HasVariables(mac) && !AskPrompts(bench, name, mac))) return;
