@@ -24,8 +24,8 @@ void SayNext(LessonRecording &, const Drafting &, const std::string &message);  
 void SayBehind(LessonRecording &, const Drafting &, const std::string &message); // behind the last input
 // Of the positions to come; 0, or what is no length: a fiftieth of the grain's radius.
 void SetTolerance(LessonRecording &, const Drafting &, double mm);
-void KeepPress(LessonRecording &, Drafting &, const std::string &control);       // a button that is no tool
-std::vector<Entity> DrawnNow(const Drafting &);                                  // for TutorEntBuffer.tmp
+void KeepPress(LessonRecording &, Drafting &, const std::string &control); // a button that is no tool
+std::vector<Entity> DrawnNow(const Drafting &);                            // for TutorEntBuffer.tmp
 
 // What was done since, with the drawing as it is at its end; goes on recording.
 Lesson RecordedLesson(const LessonRecording &, const Drafting &);

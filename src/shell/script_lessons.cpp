@@ -48,7 +48,8 @@ bool ScriptLessonLine(ScriptedLessons &s, Workbench &bench, std::string_view ver
 }
 
 bool IsTaughtButton(Ctl control) {
-  constexpr Ctl taught[] = {Ctl::RunSim2, Ctl::Design_Mode, Ctl::Performance_Sim, Ctl::Chart_Pressure,
-                            Ctl::Chart_Thrust, Ctl::mnumaketemplate, Ctl::Stop_Macro};
+  constexpr Ctl taught[] = {Ctl::RunSim2,        Ctl::Design_Mode,  Ctl::Performance_Sim,
+                            Ctl::Chart_Pressure, Ctl::Chart_Thrust, Ctl::mnumaketemplate,
+                            Ctl::Stop_Macro};
   return std::find(std::begin(taught), std::end(taught), control) != std::end(taught);
 }
