@@ -100,15 +100,22 @@ double CaptureDistance(const Drafting &d) { return std::abs(d.Out.Panel.Height) 
 // What tells whether an input has left the command without a word in the log: a question was cancelled.
 struct Standing {
   std::size_t Logged;
+  unsigned Changes;
   bool Stood, Zooming;
   explicit Standing(const Drafting &d)
-      : Logged(d.Log.Row.size()), Stood(d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0),
+      : Logged(d.Log.Row.size()), Changes(d.Changes), Stood(d.Cmd.CmdNo != 0 || d.Cmd.SelectCount > 0),
         Zooming(d.Cmd.CmdNo == ZoomCommand) {}
 };
 
 void LogLeft(Drafting &d, const Standing &before) {
   const bool idle = d.Cmd.CmdNo == 0 && d.Cmd.SelectCount == 0;
-  if (!d.Log.On || !before.Stood || !idle || d.Log.Row.size() != before.Logged) return;
+  if (!d.Log.On || !before.Stood || !idle || d.Log.Row.size() < before.Logged) return;
+  // Numbers that it took from the fields do not leave a command.
+  const auto logged = d.Log.Row.begin() + static_cast<std::ptrdiff_t>(before.Logged);
+  const bool numbers = std::all_of(logged, d.Log.Row.end(), [](const Instruction &i) {
+    return i.PointArea == LogXInput || i.PointArea == LogYInput;
+  });
+  if (!numbers || (logged != d.Log.Row.end() && d.Changes != before.Changes)) return;
   d.Answers.clear();
   LogLeave(d, before.Zooming);
 }
