@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 QLabel *Words(Bindings &bindings, Ctl control, Type type) {
@@ -64,7 +65,9 @@ TutorStrip::TutorStrip(Bindings &bindings) {
   column->addLayout(top);
   Prompt = Wrapped(Words(bindings, Ctl::Tutor_Prompt, Type::Prompt));
   column->addWidget(Prompt);
-  Note = Wrapped(Words(bindings, Ctl::Tutor_Note, Type::Base));
+  Note = Wrapped(new QLabel); // not bound: a low screen decides too whether it is shown
+  Note->setObjectName("Tutor_Note");
+  Note->setTextFormat(Qt::PlainText);
   column->addWidget(Note);
 }
 
@@ -74,11 +77,28 @@ void TutorStrip::Copy(const Screen &screen) {
   Progress->setRange(0, std::max(1, static_cast<int>(progress.Most)));
   Progress->setValue(progress.Index);
   Progress->setAccessibleName(QString::fromStdString(screen[Ctl::Tutor_Step].Text));
-  SetMark(*Note, screen[Ctl::Tutor_Note].Checked);
+  const Control &note = screen[Ctl::Tutor_Note];
+  SetMark(*Note, note.Checked);
+  Note->setText(QString::fromStdString(note.Text));
+  Note->setVisible(note.Visible && (!LowScreen() || note.Checked));
+  if (const std::string words = screen[Ctl::Tutor_Prompt].Text + "\n" + note.Text; words != Told) {
+    Told = words;
+    // A change of height sends an event back into this call, and the layout's own request gets lost in it.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          layout()->invalidate();
+          updateGeometry();
+        },
+        Qt::QueuedConnection);
+  }
   if (Prompts == screen[Ctl::Tutor_Prompt].Item) return;
   Prompts = screen[Ctl::Tutor_Prompt].Item;
   Reserve();
 }
+
+// The drawing and both charts of a burn stand below.
+bool TutorStrip::LowScreen() const { return screen()->availableGeometry().height() < 600; }
 
 void TutorStrip::resizeEvent(QResizeEvent *event) {
   QFrame::resizeEvent(event);
@@ -86,11 +106,14 @@ void TutorStrip::resizeEvent(QResizeEvent *event) {
 }
 
 void TutorStrip::Reserve() {
+  QFont font = TypeFont(Type::Prompt);
+  if (LowScreen()) font.setPointSizeF(TypeFont(Type::Base).pointSizeF());
+  Prompt->setFont(font);
   const QMargins margins = layout()->contentsMargins();
   const int wide = std::max(200, width() - margins.left() - margins.right());
   const QFontMetrics words(Prompt->font());
   int high = 0;
-  for (const std::string &prompt : Prompts)
+  for (const std::string &prompt : LowScreen() ? std::vector<std::string>() : Prompts)
     high = std::max(high, words
                               .boundingRect(QRect(0, 0, wide, 10000), Qt::TextWordWrap | Qt::AlignLeft,
                                             QString::fromStdString(prompt))

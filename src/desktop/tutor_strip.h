@@ -16,11 +16,13 @@ protected:
   void resizeEvent(QResizeEvent *) override;
 
 private:
+  bool LowScreen() const;
   void Reserve(); // room for the longest of the lesson's prompts: the drawing below stays where it is
   QComboBox *Lessons = nullptr;
   QProgressBar *Progress = nullptr;
   QLabel *Prompt = nullptr, *Note = nullptr;
   std::vector<std::string> Prompts;
+  std::string Told; // prompt and note, as last shown
 };
 
 // The prompt in a window beside the drawing, while a lesson leads there.
