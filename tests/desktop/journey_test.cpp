@@ -14,7 +14,7 @@ TEST(Desktop, FiveKeysOpenTheWindowWithoutTheDialog) {
   first.Run(FiveKeys, {"shows IntroPage Introduction", "press DontShow", "checked DontShow", "press OK",
                        "shows frmMain Morvandel - ", "shows Grain_Diam_Label Grain Diameter: 50",
                        "shows Ends_Exposed_Label End A: Yes    End B: No", "visible Empty_Hint",
-                       "disabled mnuTutor", "hidden Report_Frame"});
+                       "enabled mnuTutor", "hidden Report_Frame"});
   first.Run(FiveKeys, {"shows frmMain Morvandel - ", "hidden IntroPage", "visible DrawPanel"});
 }
 
