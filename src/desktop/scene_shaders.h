@@ -18,8 +18,8 @@ void main() {
 )";
 
 // A key light over the eye's left shoulder, a fill, a rim, and sky and floor; in the port it is the darker
-// the farther the next opening is. Before it stands the version, and TEXTURED or GRAINY or neither: one without
-// a bitmap must not pay for one where a processor paints.
+// the farther the next opening is. Before it stands the version, and TEXTURED or GRAINY or neither: one
+// without a bitmap must not pay for one where a processor paints.
 constexpr const char *SolidFragment = R"(
 in vec3 P, N;
 flat in int S;
