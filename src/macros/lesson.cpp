@@ -23,12 +23,6 @@ struct LessonSaved {
 namespace {
 constexpr int Playing = 4;
 
-int ToolAt(const LessonPlay &play, std::size_t before) {
-  for (std::size_t i = before; i-- > 0;)
-    if (IsLessonTool(play.Log[i].PointArea)) return play.Log[i].PointArea;
-  return 0;
-}
-
 std::span<const LessonStep> Group(const LessonPlay &play, std::size_t first) {
   const std::span<const LessonStep> all(play.What.Step);
   return all.subspan(first, GroupEnd(all, first) - first);
@@ -113,7 +107,7 @@ void EndLesson(LessonPlay &play, Drafting &d) {
 bool LessonDone(const LessonPlay &play) { return play.Next >= play.Log.size(); }
 
 std::string LessonPrompt(const LessonPlay &play) {
-  return LessonDone(play) ? "" : LessonMessage(Group(play, play.Next), ToolAt(play, play.Next));
+  return LessonDone(play) ? "" : LessonMessage(Group(play, play.Next), ToolBefore(play.What.Step, play.Next));
 }
 
 LessonAnswer CheckLesson(LessonPlay &play, Drafting &d) {
@@ -130,7 +124,7 @@ LessonAnswer CheckLesson(LessonPlay &play, Drafting &d) {
       exact = false; // what came behind the last step is taken back
       break;
     }
-    objection = LessonObjection(play.What.Step[play.Next], got[i], ToolAt(play, play.Next),
+    objection = LessonObjection(play.What.Step[play.Next], got[i], ToolBefore(play.What.Step, play.Next),
                                 static_cast<double>(d.Grain.Doc.GrainRadius), d.Variables);
     exact = exact && Exactly(play.Log[play.Next], got[i]);
   }
@@ -139,7 +133,7 @@ LessonAnswer CheckLesson(LessonPlay &play, Drafting &d) {
   while (first < play.Next) {
     const std::size_t end = first + Group(play, first).size();
     if (objection.empty() && end > play.Next)
-      objection = MissingInput(play.What.Step[play.Next], ToolAt(play, play.Next));
+      objection = MissingInput(play.What.Step[play.Next], ToolBefore(play.What.Step, play.Next));
     first = end;
   }
   if (!objection.empty()) {
@@ -166,8 +160,8 @@ LessonAnswer CheckPress(LessonPlay &play, const Drafting &d, const std::string &
   press.PointArea = LessonPress;
   press.Value4 = control;
   const LessonStep &step = play.What.Step[play.Next];
-  const std::string objection =
-      LessonObjection(step, press, ToolAt(play, play.Next), static_cast<double>(d.Grain.Doc.GrainRadius));
+  const std::string objection = LessonObjection(step, press, ToolBefore(play.What.Step, play.Next),
+                                                static_cast<double>(d.Grain.Doc.GrainRadius));
   if (!objection.empty()) return {Kind::Wrong, objection};
   if (LogsItself(control)) return {}; // comes with what its forms hold
   ++play.Next;
