@@ -2,6 +2,7 @@
 
 #include "base/whole_file.h"
 #include "drafting/ask_question.h"
+#include "outputs/bitmap.h"
 #include "shell/template_picture.h"
 #include "shell/template_play.h"
 
@@ -19,6 +20,8 @@ std::size_t Chosen(const Workbench &bench) { // past the end: none
 
 PictureItem ItemOf(const TemplateFolders &folders, const TemplateEntry &entry) {
   PictureItem item{entry.Key, entry.Description, FindPicture(folders, entry.Key), {}};
+  if (std::string bytes; !ReadWhole(item.PictureFile, bytes).empty() || !IsWholeBitmap(bytes))
+    item.PictureFile.clear();
   MacFile mac;
   if (item.PictureFile.empty() && ReadMacFile(FindTemplate(folders, entry.Key), mac).empty())
     item.Drawing = TemplateSurface(mac);

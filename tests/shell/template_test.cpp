@@ -1,5 +1,6 @@
 // Templates through Dispatch: recording, the list, the values with their live burn, the play and its stops.
 #include "base/number_text.h"
+#include "chance.h"
 #include "shell/journey.h"
 #include "shell/template_play.h"
 #include "shell/template_record.h"
@@ -260,6 +261,7 @@ TEST_F(TemplateJourney, TheListIsOrderedRenamedAddedToAndKept) {
        "press Template_File.Close\npress Grain_Selection_Window.Close");
   EXPECT_EQ(Read(Folder("Templates")), "\"Wide\",\"A wide, round port\"\r\n\"Tube\",\"Tube\"\r\n");
   EXPECT_TRUE(std::filesystem::exists(At(Folder("Wide.BMP"))));
+  const std::string picture = Read(Folder("Wide.BMP"));
   std::filesystem::remove(At(Folder("Wide.BMP")));
   Play("press mnuchoosetemplate\npress ListView1:Tube\nkey Delete in ListView1\npress "
        "Grain_Selection_Window.Close");
@@ -267,6 +269,21 @@ TEST_F(TemplateJourney, TheListIsOrderedRenamedAddedToAndKept) {
   ASSERT_EQ(Screen().Gallery.size(), 1u); // its picture is missing: the drawing stands for it
   EXPECT_EQ(Screen().Gallery[0].PictureFile, "");
   EXPECT_EQ(Screen().Gallery[0].Drawing.Core.size(), 1u);
+  Chance chance;
+  for (int round = 0; round < 40; ++round) { // and so it does for one that is cut off, or of no size
+    std::string broken = picture;
+    if (round % 2 == 0)
+      broken.resize(static_cast<std::size_t>(chance.Below(static_cast<int>(broken.size()))));
+    else
+      broken[static_cast<std::size_t>(18 + chance.Below(8))] = static_cast<char>(128 + chance.Below(120));
+    Write(Folder("Wide.BMP"), broken);
+    Play("press mnuchoosetemplate\npress Grain_Selection_Window.Close");
+    EXPECT_EQ(Screen().Gallery.at(0).PictureFile, "") << round;
+    EXPECT_EQ(Screen().Gallery[0].Drawing.Core.size(), 1u);
+  }
+  Write(Folder("Wide.BMP"), picture);
+  Play("press mnuchoosetemplate\npress Grain_Selection_Window.Close");
+  EXPECT_NE(Screen().Gallery.at(0).PictureFile, "");
   Write(Folder("Templates"), "\"a\",\"b\",\"c\"\r\n");
   Play("press mnuchoosetemplate\nexpect box line 1");
   EXPECT_EQ(Read(Folder("Templates")), "\"a\",\"b\",\"c\"\r\n"); // what cannot be read is not written over
