@@ -38,6 +38,7 @@ build() {
   shift
   if command -v ccache >/dev/null; then
     launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    export CCACHE_SLOPPINESS=pch_defines,time_macros # what it asks for to keep objects made with them
     [[ -n ${HOME:-} ]] || export CCACHE_DIR=${CCACHE_DIR:-$PWD/build/ccache}
   fi
   cmake --preset "$preset" "${launcher[@]}" &&
