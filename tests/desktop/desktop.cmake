@@ -5,7 +5,7 @@ file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/desktop/*.cpp)
 add_executable(test_desktop ${sources})
 target_include_directories(test_desktop PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(test_desktop PRIVATE morvandel_desktop morvandel_warnings Qt6::Test GTest::gtest)
-morvandel_precompile(test_desktop <QtWidgets> <gtest/gtest.h>)
+morvandel_precompile(test_desktop <QtWidgets>)
 target_compile_definitions(test_desktop PRIVATE
   TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data" TEST_BIN="${CMAKE_BINARY_DIR}/bin")
 add_dependencies(test_desktop morvandel morvandel_lessons morvandel_templates)
