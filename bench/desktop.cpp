@@ -3,8 +3,8 @@
 #include "base/whole_file.h"
 #include "desktop/qt_screen.h"
 #include "desktop/scene_painter.h"
-#include "desktop/window_style.h"
 #include "drafting/command_table.h"
+#include "in_window.h"
 #include "platform/events.h"
 #include "scratch_folder.h"
 #include "shell/design_view.h"
@@ -140,11 +140,4 @@ BENCHMARK(FullRepaint)->Arg(300)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveInLine)->Arg(300)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveInSectionTrim)->Arg(300)->Unit(benchmark::kMillisecond);
 
-int main(int argc, char **argv) {
-  int one = 1;
-  QApplication app(one, argv);
-  QApplication::setStyle(MakeWindowStyle());
-  SetBaseFont(10);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}
+int main(int argc, char **argv) { return RunInWindow(argc, argv); }

@@ -2,7 +2,7 @@
 // curve are painted. For a display of 1920 x 1080, such as xvfb-run -s "-screen 0 1920x1080x24" gives.
 #include "base/whole_file.h"
 #include "desktop/qt_screen.h"
-#include "desktop/window_style.h"
+#include "in_window.h"
 #include "macros/templates.h"
 #include "platform/events.h"
 #include "scratch_folder.h"
@@ -59,11 +59,4 @@ BENCHMARK_CAPTURE(Slide, wagon_wheel, "Wagon wheel")->Unit(benchmark::kMilliseco
 BENCHMARK_CAPTURE(Slide, star_filleted, "Star filleted")->Unit(benchmark::kMillisecond)->UseRealTime();
 } // namespace
 
-int main(int argc, char **argv) {
-  int one = 1;
-  QApplication app(one, argv);
-  QApplication::setStyle(MakeWindowStyle());
-  SetBaseFont(10);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-}
+int main(int argc, char **argv) { return RunInWindow(argc, argv); }
